@@ -1,0 +1,60 @@
+# Two commands: `make run` and `make test`. CMake with presets does the work underneath.
+SHELL := /bin/sh
+.DEFAULT_GOAL := build
+.PHONY: build run test bench lint fuzz arm status clean deps test-asan test-valgrind format
+
+JOBS ?= $(shell nproc)
+
+deps:
+	@cmake/deps.sh
+
+build: deps
+	@cmake --preset default >/dev/null
+	@cmake --build build --parallel $(JOBS)
+
+# Provisions the example access node on the model and shows it; on a terminal a prompt follows.
+run: build
+	@build/bin/ldsdk --script examples/scripts/access-node.ldsdk
+	@if [ -t 0 ] && [ -t 1 ]; then build/bin/ldsdk; fi
+
+test: build arm
+	@ctest --test-dir build --output-on-failure --parallel $(JOBS)
+
+# The same sources for 32-bit ARM: objects fit for a kernel module, and the unit tests as programs.
+arm: deps
+	@cmake --preset arm >/dev/null
+	@cmake --build build/arm --parallel $(JOBS)
+
+bench: deps
+	@cmake --preset bench >/dev/null
+	@cmake --build build/bench --parallel $(JOBS)
+	@build/bench/bin/ldsdk_bench
+
+lint: build
+	@cmake/deps.sh lint
+	@cmake/lint.sh build
+
+format:
+	@cmake/deps.sh lint
+	@git ls-files '*.h' '*.cpp' '*.c' | xargs clang-format -i
+
+fuzz:
+	@cmake/deps.sh fuzz
+	@cmake --preset fuzz >/dev/null
+	@cmake --build build/fuzz --parallel $(JOBS)
+
+test-asan: deps
+	@cmake --preset asan >/dev/null
+	@cmake --build build/asan --parallel $(JOBS)
+	@ctest --test-dir build/asan --output-on-failure --parallel $(JOBS)
+
+test-valgrind: build
+	@cmake/deps.sh valgrind
+	@valgrind -q --error-exitcode=1 --leak-check=full build/bin/ldsdk_tests
+
+# The generated pages of docs/.
+status: build
+	@build/bin/ldsdk_status > docs/status.md
+
+clean:
+	@rm -rf build

@@ -1,0 +1,34 @@
+// What the benchmarks share: a chip that is up, and the table of targets printed at the end.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+namespace ldsdk::bench {
+
+// Chip 0 registered and brought up on a fresh model, output thrown away. Done once a process.
+void chip_up();
+
+// One line of the closing table: the ratio of two benchmarks of this run (or one's own rate or
+// counter), against a target. It is printed, met or missed; nothing is asserted.
+struct Target {
+    enum class Kind {
+        kRatioAtMost,   // time of `of` over time of `against`, at most `limit`
+        kRateAtLeast,   // operations per second of `of`, at least `limit`
+        kSpeedAtLeast,  // time of `against` over time of `of`, at least `limit`
+        kCounterAtMost  // counter `against` of `of`, at most `limit`
+    };
+    Kind kind;
+    std::string of;
+    std::string against;
+    double limit;
+    std::string meaning;
+};
+
+// Registers a target; a static object of this type in a bench file does it.
+struct AddTarget {
+    explicit AddTarget(Target target);
+};
+
+}  // namespace ldsdk::bench

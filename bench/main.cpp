@@ -1,0 +1,136 @@
+// Runs the benchmarks and prints one table of targets behind them.
+#include "bench/bench.h"
+
+#include "chipmodel/model.h"
+#include "ldsdk/ldsdk.h"
+#include "platform/bus.h"
+#include "platform/host/host_os.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <vector>
+
+namespace ldsdk::bench {
+
+namespace {
+
+std::vector<Target> &targets()
+{
+    static std::vector<Target> list;
+    return list;
+}
+
+// Keeps every run beside what the console shows.
+class Collector : public benchmark::ConsoleReporter {
+  public:
+    struct Result {
+        double ns = 0;
+        std::map<std::string, double> counters;
+    };
+
+    void ReportRuns(const std::vector<Run> &runs) override
+    {
+        for (const Run &run : runs) {
+            if (run.error_occurred || (run.run_type == Run::RT_Aggregate &&
+                                       run.aggregate_name != "median")) {
+                continue;
+            }
+            Result &result = results_[run.run_name.function_name + (run.run_name.args.empty()
+                                                                        ? ""
+                                                                        : "/" + run.run_name.args)];
+            result.ns = run.GetAdjustedRealTime();
+            for (const auto &[name, counter] : run.counters) {
+                result.counters[name] = counter.value;
+            }
+        }
+        ConsoleReporter::ReportRuns(runs);
+    }
+
+    const std::map<std::string, Result> &results() const
+    {
+        return results_;
+    }
+
+  private:
+    std::map<std::string, Result> results_;
+};
+
+double measured(const Target &target, const std::map<std::string, Collector::Result> &results,
+                bool &known)
+{
+    const auto of = results.find(target.of);
+    const auto against = results.find(target.against);
+    known = of != results.end();
+    if (!known) {
+        return 0;
+    }
+    switch (target.kind) {
+        case Target::Kind::kRateAtLeast:
+            return 1e9 / of->second.ns;
+        case Target::Kind::kCounterAtMost: {
+            const auto counter = of->second.counters.find(target.against);
+            known = counter != of->second.counters.end();
+            return known ? counter->second : 0;
+        }
+        case Target::Kind::kRatioAtMost:
+            known = against != results.end();
+            return known ? of->second.ns / against->second.ns : 0;
+        case Target::Kind::kSpeedAtLeast:
+            known = against != results.end();
+            return known ? against->second.ns / of->second.ns : 0;
+    }
+    return 0;
+}
+
+void print_targets(const Collector &collector)
+{
+    std::printf("\n%-56s %12s %12s  %s\n", "target", "measured", "limit", "");
+    for (const Target &target : targets()) {
+        bool known = false;
+        const double value = measured(target, collector.results(), known);
+        if (!known) {
+            continue;
+        }
+        const bool at_most = target.kind == Target::Kind::kRatioAtMost ||
+                             target.kind == Target::Kind::kCounterAtMost;
+        const bool met = at_most ? value <= target.limit : value >= target.limit;
+        std::printf("%-56s %12.4g %s%11.4g  %s\n", target.meaning.c_str(), value,
+                    at_most ? "<" : ">", target.limit, met ? "met" : "MISSED");
+    }
+}
+
+}  // namespace
+
+AddTarget::AddTarget(Target target)
+{
+    targets().push_back(std::move(target));
+}
+
+void chip_up()
+{
+    static const bool up = [] {
+        Os_HostSetSink([](const char *, void *) {}, nullptr);
+        Os_BusAttach(&model::bus());
+        return model::attach(0) == model::kOk && Np_GLB_ChipRegister(0, 1, 0, 0) == 0 &&
+               Np_INIT_SdkInit(0) == 0;
+    }();
+    if (!up) {
+        std::fputs("bench: the chip does not come up\n", stderr);
+        std::exit(1);
+    }
+}
+
+}  // namespace ldsdk::bench
+
+int main(int argc, char **argv)
+{
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 2;
+    }
+    ldsdk::bench::Collector collector;
+    benchmark::RunSpecifiedBenchmarks(&collector);
+    ldsdk::bench::print_targets(collector);
+    return 0;
+}

@@ -1,0 +1,10 @@
+# 32-bit ARM with soft float: the compiler whose freestanding headers a kernel build can use.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR arm)
+set(CMAKE_C_COMPILER arm-linux-gnueabi-gcc)
+set(CMAKE_CXX_COMPILER arm-linux-gnueabi-g++)
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm-static)
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
+set(CMAKE_C_FLAGS_INIT "-march=armv7-a -marm -mfloat-abi=soft")
+set(CMAKE_CXX_FLAGS_INIT "-march=armv7-a -marm -mfloat-abi=soft -Wno-psabi")
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)

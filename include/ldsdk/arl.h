@@ -1,0 +1,115 @@
+/* MAC address table, LAN MAC table, learning, ageing and MAC limits.
+   Results that all functions share: ldsdk/ldsdk.h. */
+#ifndef LDSDK_ARL_H
+#define LDSDK_ARL_H
+
+#include "ldsdk/types.h"
+
+NP_EXTERN_C_BEGIN
+
+typedef struct NpArlKey NpArlKey;
+typedef struct NpArlData NpArlData;
+typedef struct NpArlInfo NpArlInfo;
+typedef struct NpDynamicLrn NpDynamicLrn;
+typedef struct NpDynamicLrnState NpDynamicLrnState;
+typedef struct NpNormalAge NpNormalAge;
+typedef struct NpForceAge NpForceAge;
+typedef struct NpArlAgeModeKey NpArlAgeModeKey;
+typedef struct NpUvmacInfoKey NpUvmacInfoKey;
+typedef struct NpUvmacInfoAd NpUvmacInfoAd;
+typedef struct NpVmacOffset NpVmacOffset;
+typedef struct NpLanMacKey NpLanMacKey;
+typedef struct NpLanMacData NpLanMacData;
+typedef struct NpLanMacInfo NpLanMacInfo;
+typedef struct NpPortLimitNum NpPortLimitNum;
+typedef struct NpGlbLimitNum NpGlbLimitNum;
+
+/* Adds an entry as static, or rewrites the one with this key; a dynamic entry becomes static
+   and its learn credit is given back. NP_ERR_TABLE_FULL, NP_ERR_HASH_CONFLICT,
+   NP_ERR_EML_SEMAPHORE: no place. Further codes: NP_ERR_PORT_PARAM and the port conversions',
+   for ulType 15. */
+NP_API uint32_t Np_ArlTbl_Add(uint32_t ulChipID, const NpArlKey *pstArlKey,
+                              const NpArlData *pstArlData);
+
+/* Deletes by key. ulMacDelType: 0 only a static entry, 1 only a dynamic one, 2 any. */
+NP_API uint32_t Np_ArlTbl_Del(uint32_t ulChipID, uint32_t ulMacDelType, const NpArlKey *pstArlKey);
+
+/* Deletes the entry at ulIndex, 0 to 0x7ff. */
+NP_API uint32_t Np_ArlTbl_DelByIndex(uint32_t ulChipID, uint32_t ulIndex);
+
+/* Deletes every entry of chip 0. NP_ERR_DELETE at the first failure, what stands behind it
+   stays. */
+NP_API uint32_t Np_ArlTbl_DelAll(void);
+
+/* Looks a key up, and where it stands. NP_ERR_NOT_EXIST: no such key. */
+NP_API uint32_t Np_ArlTbl_Get(uint32_t ulChipID, const NpArlKey *pstArlKey, NpArlData *pstArlData,
+                              NpArlInfo *pstArlInfo);
+
+/* Reads the place ulIndex, 0 to 0x7ff; an empty place is a success with ulMacType 2. */
+NP_API uint32_t Np_ArlTbl_GetByIndex(uint32_t ulChipID, uint32_t ulIndex, NpArlKey *pstArlKey,
+                                     NpArlData *pstArlData, NpArlInfo *pstArlInfo);
+
+/* Asks the microcode to learn a dynamic entry; the outcome appears in the learn state row. */
+NP_API uint32_t Np_ArlTbl_DynamicArlLrn(uint32_t ulChipID, const NpDynamicLrn *pstDynamicLrn);
+
+/* Outcome of the last dynamic learn: done flag and result. ulIndex 0. Clear zeroes the row. */
+NP_API uint32_t Np_ArlTbl_DynamicArlLrnStateTbl_Get(uint32_t ulChipID, uint32_t ulIndex,
+                                                    NpDynamicLrnState *pstDynamicLrnState);
+NP_API uint32_t Np_ArlTbl_DynamicArlLrnStateTbl_Clear(uint32_t ulChipID, uint32_t ulIndex);
+
+/* Reads and clears the record of the last entry that found no place on learning. */
+NP_API uint32_t Np_ArlTbl_HashCrashRecord_Read(uint32_t ulChipID, NpArlKey *pstArlKey,
+                                               NpArlData *pstArlData, NpArlInfo *pstArlInfo);
+
+/* Starts or stops the periodic sweep of dynamic entries. ulAgeEnable 0 or 1, ulAgeTime up to
+   0x13c680. Further codes: NP_ERR_AUTO_SEND_SET, _ENABLE, _DELETE. */
+NP_API uint32_t Np_ArlTbl_NormalAge(uint32_t ulChipID, const NpNormalAge *pstNormalAge);
+
+/* One sweep of the dynamic entries that the bitmap selects: by flow, bundle, VLAN, CM group,
+   VSI, flow id or class, with the one ulForceAgeID. */
+NP_API uint32_t Np_ArlTbl_ForceAge(uint32_t ulChipID, const NpForceAge *pstForceAge);
+
+/* Ageing of one user MAC entry. ulAgeMode: 0 never ages, 1 ages as the periodic sweep says, 2
+   removed. NP_ERR_NOT_EXIST: no such entry; NP_ERR_FAIL: its virtual MAC differs from the
+   key's. */
+NP_API uint32_t Np_ArlTbl_AgeModeSet(uint32_t ulChipID, const NpArlAgeModeKey *pstArlAgeModeKey,
+                                     uint32_t ulAgeMode);
+
+/* Lists the virtual MACs in use on a port. ulType of the key 0 or 1; pstUvmacInfoAd has room
+   for as many records as the port's virtual MAC range has addresses, 32 at most; pulNum takes
+   their count. */
+NP_API uint32_t Np_UVMacInfo_Get(uint32_t ulChipID, const NpUvmacInfoKey *pstUvmacInfoKey,
+                                 uint32_t *pulNum, NpUvmacInfoAd *pstUvmacInfoAd);
+
+/* A row of 32 virtual MAC offsets, one byte each. ulIndex 0 to 31. */
+NP_API uint32_t Np_VmacOffsetTbl_Set(uint32_t ulChipID, uint32_t ulIndex,
+                                     const NpVmacOffset *pstVmacOffset);
+NP_API uint32_t Np_VmacOffsetTbl_Get(uint32_t ulChipID, uint32_t ulIndex,
+                                     NpVmacOffset *pstVmacOffset);
+
+/* LAN MAC entries, as the functions of the MAC table of the same ending. ulIndex 0 to 0x7ff. */
+NP_API uint32_t Np_LanMacTbl_Add(uint32_t ulChipID, const NpLanMacKey *pstLanMacKey,
+                                 const NpLanMacData *pstLanMacData);
+NP_API uint32_t Np_LanMacTbl_Del(uint32_t ulChipID, uint32_t ulMacDelType,
+                                 const NpLanMacKey *pstLanMacKey);
+NP_API uint32_t Np_LanMacTbl_DelByIndex(uint32_t ulChipID, uint32_t ulIndex);
+NP_API uint32_t Np_LanMacTbl_Get(uint32_t ulChipID, const NpLanMacKey *pstLanMacKey,
+                                 NpLanMacData *pstLanMacData, NpLanMacInfo *pstLanMacInfo);
+NP_API uint32_t Np_LanMacTbl_GetByIndex(uint32_t ulChipID, uint32_t ulIndex,
+                                        NpLanMacKey *pstLanMacKey, NpLanMacData *pstLanMacData,
+                                        NpLanMacInfo *pstLanMacInfo);
+
+/* How many LAN MACs may be learned, 0 to 1024: on the port ulIndex, 0 to 63, and on the chip,
+   ulIndex 0. In force at once. */
+NP_API uint32_t Np_PortMacLimitTbl_Set(uint32_t ulChipID, uint32_t ulIndex,
+                                       const NpPortLimitNum *pstPortLimitNum);
+NP_API uint32_t Np_PortMacLimitTbl_Get(uint32_t ulChipID, uint32_t ulIndex,
+                                       NpPortLimitNum *pstPortLimitNum);
+NP_API uint32_t Np_GlbLanMacLimitTbl_Set(uint32_t ulChipID, uint32_t ulIndex,
+                                         const NpGlbLimitNum *pstGlbLimitNum);
+NP_API uint32_t Np_GlbLanMacLimitTbl_Get(uint32_t ulChipID, uint32_t ulIndex,
+                                         NpGlbLimitNum *pstGlbLimitNum);
+
+NP_EXTERN_C_END
+
+#endif

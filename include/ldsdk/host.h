@@ -1,0 +1,48 @@
+/* The host's C door: drives the whole system, module and chip model, inside one process, from any
+   language. Records are passed as the plain memory that the module's interface documents.
+
+   Not thread-safe: one caller at a time, as the module itself asks for. The functions return 0 or
+   a code of the list below, unless told otherwise. */
+#ifndef LDSDK_HOST_H
+#define LDSDK_HOST_H
+
+#include "ldsdk/types.h"
+
+NP_EXTERN_C_BEGIN
+
+#define LDSDK_HOST_OK          0u
+#define LDSDK_HOST_CHIP        1u /* chip number not 0 to 3, or no chip attached there */
+#define LDSDK_HOST_ADDRESS     2u /* the model has nothing at this address, or it is not word-aligned */
+#define LDSDK_HOST_NULL        3u /* a null pointer where one is needed */
+#define LDSDK_HOST_DESCRIPTION 4u /* a fault's text that can't be read; ldsdk_model_error tells why */
+
+/* A powered-on chip behind the driver interface: chip 0 as the master behind the mapped windows,
+   1 to 3 as slaves on the indirect bus. Again: the chip is power-cycled, all its memory 0. */
+NP_API uint32_t ldsdk_model_attach(uint32_t chip);
+
+/* The register base that Np_GLB_ChipRegister wants for this chip: 0 for the master. */
+NP_API uintptr_t ldsdk_model_reg_base(uint32_t chip);
+
+/* One 32-bit word of a chip's memory or registers, by its chip address (a multiple of 4). */
+NP_API uint32_t ldsdk_model_peek(uint32_t chip, uint32_t addr, uint32_t *value);
+NP_API uint32_t ldsdk_model_poke(uint32_t chip, uint32_t addr, uint32_t value);
+
+/* Lets a chip's clock run, in ticks of 0.1 ms. */
+NP_API uint32_t ldsdk_model_advance(uint32_t chip, uint64_t ticks);
+
+/* Sets a fault from the text of the tool's `chip fault`; null clears all faults. */
+NP_API uint32_t ldsdk_model_fault(const char *description);
+
+/* Why the last call of ldsdk_model_fault was refused; "" if it was not. Valid until the next. */
+NP_API const char *ldsdk_model_error(void);
+
+/* The misc device's ioctl: one 512-byte buffer with a signed 32-bit little-endian word count and
+   the words, each ended by a NUL; word 0 is the caller's own name. 0, or -14. */
+NP_API int ldsdk_device_ioctl(const void *buffer512);
+
+/* Where everything that the module prints goes. A null sink is standard output. */
+NP_API void ldsdk_set_output(void (*sink)(const char *text, void *user), void *user);
+
+NP_EXTERN_C_END
+
+#endif

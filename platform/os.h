@@ -1,0 +1,77 @@
+// What the SDK asks of the kernel: one of the two doors out of sdk/. A platform folder defines
+// these functions (host/ in user space, linux/ in a kernel). Plain C at the boundary.
+#pragma once
+
+#include <cstdarg>
+#include <cstddef>
+#include <cstdint>
+
+extern "C" {
+
+// ---- text -------------------------------------------------------------------------------------
+
+// Prints to the kernel log, as printk does. Never fails.
+int Os_Print(const char *pszFormat, ...) __attribute__((format(printf, 1, 2)));
+
+// Formats into pszBuffer, at most ulSize bytes with the NUL, which is always written. Returns the
+// length that the whole text has.
+int Os_FormatV(char *pszBuffer, size_t ulSize, const char *pszFormat, va_list stArgs)
+    __attribute__((format(printf, 3, 0)));
+int Os_Format(char *pszBuffer, size_t ulSize, const char *pszFormat, ...)
+    __attribute__((format(printf, 3, 4)));
+
+// ---- memory -----------------------------------------------------------------------------------
+
+// Allocates ulSize bytes, cleared, aligned for any record. Null when there is none.
+void *Os_Alloc(size_t ulSize);
+// Gives an allocation back; null does nothing.
+void Os_Free(void *pvBlock);
+
+// Tells whether ulSize bytes at pvUser lie wholly below the calling process's address limit.
+bool Os_UserRangeOk(const void *pvUser, size_t ulSize);
+// Copies from the calling process. Returns the number of bytes that were not copied.
+size_t Os_CopyFromUser(void *pvTo, const void *pvUser, size_t ulSize);
+
+// ---- chip windows -----------------------------------------------------------------------------
+
+// Maps ulSize bytes of chip address space that begin at ulFirst, for device access. 0 on failure.
+uintptr_t Os_IoMap(uint32_t ulFirst, uint32_t ulSize);
+// Clears ulSize bytes of a mapped window.
+void Os_IoClear(uintptr_t ulVirt, uint32_t ulSize);
+
+// One load or store of a mapped window, or of a slave's bus block (16 bits), in program order.
+uint32_t Os_IoRead32(uintptr_t ulVirt);
+void Os_IoWrite32(uintptr_t ulVirt, uint32_t ulValue);
+uint16_t Os_IoRead16(uintptr_t ulVirt);
+void Os_IoWrite16(uintptr_t ulVirt, uint16_t usValue);
+
+// Chip registers that lie outside the SDK's own address map but within reach of this platform:
+// context windows, instruction memory. Rows end with ulLast 0; ulVirt 0 means not mapped (yet).
+typedef struct OsIoRow {
+    uint32_t ulFirst;
+    uint32_t ulLast;  // inclusive
+    uintptr_t ulVirt;
+} OsIoRow;
+// Maps the platform's rows (again, after a repeated call) and returns them; null if one fails.
+const OsIoRow *Os_IoExtraMap(void);
+
+// ---- processor --------------------------------------------------------------------------------
+
+void Os_Sleep(uint32_t ulMs);           // sleeps at least ulMs milliseconds
+void Os_Schedule(void);                 // gives the processor up once
+uintptr_t Os_IrqSave(void);             // masks interrupts here, returns the old state
+void Os_IrqRestore(uintptr_t ulState);  // puts a state of Os_IrqSave back
+
+// ---- misc device ------------------------------------------------------------------------------
+
+typedef struct OsMiscOps {
+    int (*pfnOpen)(void *pvInode, void *pvFile);
+    int (*pfnRelease)(void *pvInode, void *pvFile);
+    int (*pfnIoctl)(void *pvInode, void *pvFile, unsigned int uiCmd, uintptr_t ulArg);
+} OsMiscOps;
+
+// Registers a misc device with a dynamic minor. 0, or the platform's negative error.
+int Os_MiscRegister(const char *pszName, const OsMiscOps *pstOps);
+void Os_MiscDeregister(const char *pszName);
+
+}  // extern "C"

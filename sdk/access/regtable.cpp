@@ -1,0 +1,317 @@
+#include "sdk/access/regtable.h"
+
+#include "sdk/access/bus.h"
+#include "sdk/access/smem.h"
+#include "sdk/frame/registry.h"
+#include "sdk/frame/text.h"
+#include "sdk/frame/trace.h"
+
+namespace {
+
+// A row of a register table, found.
+struct NpRegRow {
+    const NpRegTableDesc *pstDesc;
+    uint32_t ulAddr;
+};
+
+// Width codes of a search memory command, by row width; 4 when no command moves such a row.
+uint32_t Np_SmemLengthCode(uint32_t ulWidth)
+{
+    switch (ulWidth) {
+        case 2:
+            return NP_SMEM_LEN_16;
+        case 4:
+            return NP_SMEM_LEN_32;
+        case 8:
+            return NP_SMEM_LEN_64;
+        case 16:
+            return NP_SMEM_LEN_128;
+        default:
+            return NP_SMEM_LEN_NUM;
+    }
+}
+
+bool Np_RowGoesBySmem(const NpRegTableDesc *pstDesc)
+{
+    return pstDesc->ulRbaRw == 1 && Np_SmemLengthCode(pstDesc->ulRecordWidth) != NP_SMEM_LEN_NUM;
+}
+
+uint32_t Np_SmemUnit(uint32_t ulAddr)
+{
+    return (ulAddr >> 27) & 1;
+}
+
+uint32_t Np_SmemOffset(uint32_t ulAddr)
+{
+    return (ulAddr >> 1) & NP_SMEM_ADDR_MASK;
+}
+
+// Registers that a row of kinds 0 and 1 takes.
+uint32_t Np_UnitCount(const NpRegTableDesc *pstDesc)
+{
+    return pstDesc->ulAccessWidth == NP_ACCESS_BYTE
+               ? pstDesc->ulRecordWidth
+               : pstDesc->ulRecordWidth / 2 + pstDesc->ulRecordWidth % 2;
+}
+
+uint32_t Np_RowFind(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex, const void *pData,
+                    NpRegRow *pstRow)
+{
+    if (pData == nullptr) {
+        return NP_ERR_NULL_PTR;
+    }
+    const uint32_t ulReturn = Np_RegTableRealAddrGet(ulChipID, ulTableID, ulIndex, &pstRow->ulAddr);
+    if (ulReturn == NP_OK) {
+        pstRow->pstDesc = &g_stNpChipAddr[ulChipID].pstRegTable[ulTableID];
+    }
+    return ulReturn;
+}
+
+// A descriptor field, or why the chip is not known.
+template <typename Field>
+uint32_t Np_DescField(uint32_t ulChipID, uint32_t ulTableID, Field NpRegTableDesc::*pField)
+{
+    NpChipAddr stChipAddr;
+    const uint32_t ulReturn = Np_Chip_AddrGet(ulChipID, &stChipAddr);
+    return ulReturn != NP_OK ? ulReturn : stChipAddr.pstRegTable[ulTableID].*pField;
+}
+
+}  // namespace
+
+uint32_t Np_RegTableRealAddrGet(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex,
+                                uint32_t *pulAddr)
+{
+    if (pulAddr == nullptr) {
+        return NP_ERR_NULL_PTR;
+    }
+    NpChipAddr stChipAddr;
+    const uint32_t ulReturn = Np_Chip_AddrGet(ulChipID, &stChipAddr);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    if (stChipAddr.ulRegistered != 1) {
+        return NP_ERR_CHIP_ID;
+    }
+    const NpRegTableDesc *pstDesc = &stChipAddr.pstRegTable[ulTableID];
+    uint32_t ulBase = pstDesc->ulBaseAddr;
+    uint32_t ulRecord = ulIndex;
+    if (pstDesc->ulGrouped == 1 && pstDesc->usRecordNum != 0) {
+        const NpRegGroupDesc *pstGroup = &stChipAddr.pstRegGroupTable[pstDesc->ulGroupIndex];
+        ulBase += stChipAddr.pulRegGroupOffset[ulIndex / pstDesc->usRecordNum +
+                                               pstGroup->ulFirstOffset];
+        ulRecord = ulIndex % pstDesc->usRecordNum;
+    }
+    if (ulRecord >= pstDesc->usRecordNum) {
+        return NP_ERR_ADDRESS;
+    }
+    switch (pstDesc->ulAccessWidth) {
+        case NP_ACCESS_BYTE:
+            *pulAddr = ulBase + ulRecord * pstDesc->ulRecordWidth * 4;
+            return NP_OK;
+        case NP_ACCESS_HALF:
+            *pulAddr = ulBase + ulRecord * pstDesc->ulRecordWidth * 2;
+            return NP_OK;
+        case NP_ACCESS_PLAIN:
+            *pulAddr = ulBase + ulRecord * (pstDesc->ulRecordWidth + pstDesc->ulSepWidth);
+            return NP_OK;
+        default:
+            return NP_ERR_ADDRESS;
+    }
+}
+
+uint32_t Np_RegTableWrite(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex,
+                          const void *pData)
+{
+    NpRegRow stRow;
+    const uint32_t ulReturn = Np_RowFind(ulChipID, ulTableID, ulIndex, pData, &stRow);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    const uint8_t *pucData = static_cast<const uint8_t *>(pData);
+    const NpRegTableDesc *pstDesc = stRow.pstDesc;
+    if (pstDesc->ulAccessWidth == NP_ACCESS_PLAIN) {
+        if (Np_RowGoesBySmem(pstDesc)) {
+            return Np_Tarn_SmemWrite(ulChipID, Np_SmemUnit(stRow.ulAddr),
+                                     Np_SmemLengthCode(pstDesc->ulRecordWidth),
+                                     Np_SmemOffset(stRow.ulAddr), pucData);
+        }
+        for (uint32_t i = 0; i + 4 <= pstDesc->ulRecordWidth; i += 4) {
+            uint32_t ulWord;
+            __builtin_memcpy(&ulWord, pucData + i, 4);
+            Np_SMEM_ChipWrite32(ulChipID, stRow.ulAddr + i, &ulWord);
+        }
+        return NP_OK;
+    }
+    for (uint32_t i = 0; i < Np_UnitCount(pstDesc); i++) {
+        uint32_t ulWord = 0;
+        __builtin_memcpy(&ulWord, pucData + i * (pstDesc->ulAccessWidth + 1),
+                         pstDesc->ulAccessWidth + 1);
+        Np_Write(ulChipID, stRow.ulAddr + 4 * i, &ulWord);
+    }
+    return NP_OK;
+}
+
+uint32_t Np_RegTableRead(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex, void *pData)
+{
+    NpRegRow stRow;
+    const uint32_t ulReturn = Np_RowFind(ulChipID, ulTableID, ulIndex, pData, &stRow);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    uint8_t *pucData = static_cast<uint8_t *>(pData);
+    const NpRegTableDesc *pstDesc = stRow.pstDesc;
+    if (pstDesc->ulAccessWidth == NP_ACCESS_PLAIN) {
+        if (Np_RowGoesBySmem(pstDesc)) {
+            // A 16-bit value comes back as a word: only its low half belongs to the row.
+            uint32_t aulWord[4] = {};
+            const uint32_t ulStatus = Np_Tarn_SmemRead(
+                ulChipID, Np_SmemUnit(stRow.ulAddr), Np_SmemLengthCode(pstDesc->ulRecordWidth),
+                Np_SmemOffset(stRow.ulAddr), aulWord);
+            if (ulStatus == NP_OK) {
+                memcpy(pucData, aulWord, pstDesc->ulRecordWidth);
+            }
+            return ulStatus;
+        }
+        // One lock over the row: its words come from one state of the line.
+        const uintptr_t ulKey = Np_IntLock();
+        for (uint32_t i = 0; i + 4 <= pstDesc->ulRecordWidth; i += 4) {
+            uint32_t ulWord;
+            __builtin_memcpy(&ulWord, pucData + i, 4);  // stays as it was if nothing is read
+            Np_SMEM_ChipRead32(ulChipID, stRow.ulAddr + i, &ulWord);
+            __builtin_memcpy(pucData + i, &ulWord, 4);
+        }
+        Np_IntUnlock(ulKey);
+        return NP_OK;
+    }
+    for (uint32_t i = 0; i < Np_UnitCount(pstDesc); i++) {
+        uint32_t ulWord = 0;
+        Np_Read(ulChipID, stRow.ulAddr + 4 * i, &ulWord);
+        __builtin_memcpy(pucData + i * (pstDesc->ulAccessWidth + 1), &ulWord,
+                         pstDesc->ulAccessWidth + 1);
+    }
+    return NP_OK;
+}
+
+uint32_t Np_RegTableSpecialWrite(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex,
+                                 const void *pData)
+{
+    NpRegRow stRow;
+    const uint32_t ulReturn = Np_RowFind(ulChipID, ulTableID, ulIndex, pData, &stRow);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    for (uint32_t i = 0; i + 4 <= stRow.pstDesc->ulRecordWidth; i += 4) {
+        uint32_t ulWord;
+        __builtin_memcpy(&ulWord, static_cast<const uint8_t *>(pData) + i, 4);
+        Np_Write(ulChipID, stRow.ulAddr + i, &ulWord);
+    }
+    return NP_OK;
+}
+
+uint32_t Np_RegTableRecordNumberGet(uint32_t ulChipID, uint32_t ulTableID)
+{
+    return Np_DescField(ulChipID, ulTableID, &NpRegTableDesc::usRecordNum);
+}
+
+uint32_t Np_RegTableRecordWidthGet(uint32_t ulChipID, uint32_t ulTableID)
+{
+    return Np_DescField(ulChipID, ulTableID, &NpRegTableDesc::ulRecordWidth);
+}
+
+uint32_t Np_RegTableRecordGroupNumberGet(uint32_t ulChipID, uint32_t ulTableID)
+{
+    return Np_DescField(ulChipID, ulTableID, &NpRegTableDesc::ulGroupNum);
+}
+
+uint32_t Np_RegTableRecordAccessWidthGet(uint32_t ulChipID, uint32_t ulTableID)
+{
+    return Np_DescField(ulChipID, ulTableID, &NpRegTableDesc::ulAccessWidth);
+}
+
+uint32_t Np_RegTableRecordSepWidthGet(uint32_t ulChipID, uint32_t ulTableID)
+{
+    return Np_DescField(ulChipID, ulTableID, &NpRegTableDesc::ulSepWidth);
+}
+
+uint32_t Np_RegTableRecordRbaRwGet(uint32_t ulChipID, uint32_t ulTableID)
+{
+    return Np_DescField(ulChipID, ulTableID, &NpRegTableDesc::ulRbaRw);
+}
+
+namespace {
+
+// Room for the widest row, for the debug forms.
+constinit uint8_t g_aucRegScratch[NP_REG_SCRATCH_SIZE] = {};
+
+// Tells whether the first argument of a debug form is a table identifier.
+uint32_t Np_IsTable(uint32_t ulChipID, uint32_t ulTableOrAddr, bool *pbTable)
+{
+    NpChipAddr stChipAddr;
+    const uint32_t ulReturn = Np_Chip_AddrGet(ulChipID, &stChipAddr);
+    *pbTable = ulReturn == NP_OK && ulTableOrAddr < stChipAddr.usRegTableNum;
+    return ulReturn;
+}
+
+}  // namespace
+
+// Of a table's row the first word is meant; the rest of the row keeps its bytes.
+uint32_t Np_RegTable32WriteEx(uint32_t ulChipID, uint32_t ulTableOrAddr, uint32_t ulIndex,
+                              uint32_t ulValue)
+{
+    bool bTable;
+    uint32_t ulReturn = Np_IsTable(ulChipID, ulTableOrAddr, &bTable);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    NP_TRACE(NP_M_COMM, NP_PRINT_DEBUG, " Reg Table Write ChipID %d Addr %08x\r\n",
+             static_cast<int>(ulChipID), ulTableOrAddr);
+    NP_TRACE(NP_M_COMM, NP_PRINT_DEBUG, "Val0 0x%08x\r\n", ulValue);
+    if (!bTable) {
+        return Np_Write(ulChipID, ulTableOrAddr, &ulValue);
+    }
+    ulReturn = Np_RegTableRead(ulChipID, ulTableOrAddr, ulIndex, g_aucRegScratch);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    __builtin_memcpy(g_aucRegScratch, &ulValue, sizeof(ulValue));
+    return Np_RegTableWrite(ulChipID, ulTableOrAddr, ulIndex, g_aucRegScratch);
+}
+
+uint32_t Np_RegTable32ReadEx(uint32_t ulChipID, uint32_t ulTableOrAddr, uint32_t ulIndex,
+                             uint32_t *pulValue)
+{
+    if (pulValue == nullptr) {
+        return NP_ERR_NULL_PTR;
+    }
+    bool bTable;
+    uint32_t ulReturn = Np_IsTable(ulChipID, ulTableOrAddr, &bTable);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    if (bTable) {
+        ulReturn = Np_RegTableRead(ulChipID, ulTableOrAddr, ulIndex, g_aucRegScratch);
+        if (ulReturn == NP_OK) {
+            __builtin_memcpy(pulValue, g_aucRegScratch, sizeof(*pulValue));
+        }
+    }
+    else {
+        ulReturn = Np_Read(ulChipID, ulTableOrAddr, pulValue);
+    }
+    NP_TRACE(NP_M_COMM, NP_PRINT_DEBUG, "val:0x%x \r\n", *pulValue);
+    return ulReturn;
+}
+
+uint32_t Np_RegTableReadEx(uint32_t ulChipID, uint32_t ulTableOrAddr, uint32_t ulCount)
+{
+    bool bTable;
+    uint32_t ulReturn = Np_IsTable(ulChipID, ulTableOrAddr, &bTable);
+    if (ulReturn == NP_OK && bTable) {
+        return Np_RegTableRead(ulChipID, ulTableOrAddr, ulCount, g_aucRegScratch);
+    }
+    for (uint32_t i = 0; ulReturn == NP_OK && i < ulCount && i < NP_REG_SCRATCH_SIZE; i++) {
+        uint32_t ulWord = 0;
+        ulReturn = Np_Read(ulChipID, ulTableOrAddr, &ulWord);
+        g_aucRegScratch[i] = static_cast<uint8_t>(ulWord);
+    }
+    return ulReturn;
+}

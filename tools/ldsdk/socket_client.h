@@ -1,0 +1,36 @@
+// A module and a model behind the socket of `ldsdk serve`.
+#pragma once
+
+#include "tools/ldsdk/backend.h"
+#include "tools/ldsdk/fd.h"
+#include "tools/ldsdk/protocol.h"
+
+#include <sys/un.h>
+
+namespace ldsdk::tool {
+
+// The address of a socket path. Throws when the path is empty or too long for one.
+sockaddr_un socket_address(const std::string &path);
+
+class SocketClient : public Backend {
+public:
+    explicit SocketClient(const std::string &path);
+
+    void device(const CommandBuffer &buffer, Output &output) override;
+    void chip(std::span<const std::string> words, Output &output) override;
+    std::vector<NextWord> next_words(std::span<const std::string> path) override;
+
+private:
+    // Sends a request and passes its output on. Throws what the server answers, and what the
+    // connection meets.
+    void call(FrameKind kind, std::string_view body, Output &output);
+    void send(std::string_view bytes);
+    Frame receive();
+
+    std::string name_;
+    Fd fd_;
+    FrameReader reader_;
+    std::string request_;
+};
+
+}  // namespace ldsdk::tool
