@@ -14,8 +14,8 @@ build: deps
 
 # Provisions the example access node on the model and shows it; on a terminal a prompt follows.
 run: build
-	@build/bin/ldsdk --script examples/scripts/access-node.ldsdk
-	@if [ -t 0 ] && [ -t 1 ]; then build/bin/ldsdk; fi
+	@if [ -t 0 ] && [ -t 1 ]; then interactive=--interactive; fi; \
+	    build/bin/ldsdk --echo --script examples/scripts/access-node.ldsdk $$interactive
 
 test: build arm
 	@ctest --test-dir build --output-on-failure --parallel $(JOBS)
@@ -55,6 +55,7 @@ test-valgrind: build
 # The generated pages of docs/.
 status: build
 	@build/bin/ldsdk_status > docs/status.md
+	@build/bin/ldsdk_commands > docs/commands.md
 
 clean:
 	@rm -rf build

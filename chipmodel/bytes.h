@@ -1,4 +1,4 @@
-// Little-endian words in byte arrays.
+// Words in byte arrays: little-endian, and in network order.
 #pragma once
 
 #include <cstdint>
@@ -26,6 +26,17 @@ inline void store_le32(uint8_t *at, uint32_t value)
 {
     store_le16(at, value);
     store_le16(at + 2, value >> 16);
+}
+
+inline uint32_t load_be32(const uint8_t *at)
+{
+    return static_cast<uint32_t>(at[0]) << 24 | static_cast<uint32_t>(at[1]) << 16 |
+           static_cast<uint32_t>(at[2]) << 8 | at[3];
+}
+
+inline void store_be32(uint8_t *at, uint32_t value)
+{
+    store_le32(at, __builtin_bswap32(value));
 }
 
 }  // namespace ldsdk::model

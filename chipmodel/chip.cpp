@@ -22,8 +22,15 @@ constexpr Part kParts[] = {
     {"registers", [](Chip &chip) { registers_power_on(chip.memory); }, nullptr},
     {"slave bus", [](Chip &chip) { chip.slave_bus.power_on(1); }, nullptr},
     {"search memory", [](Chip &chip) { chip.smem = {}; }, nullptr},
+    {"hash engine", [](Chip &chip) { __builtin_memset(&chip.hash, 0, sizeof chip.hash); }, nullptr},
+    {"local CAM", [](Chip &chip) { tcam_power_on(chip.tcam); }, nullptr},
+    {"statistics", [](Chip &chip) { chip.stat = {}; }, nullptr},
+    {"stand-in", [](Chip &chip) { chip.standin = {}; }, nullptr},
+    {"packet channel", channel_power_on, channel_tick},
     {"packet feed", [](Chip &chip) { __builtin_memset(chip.atom_mode, 0, sizeof chip.atom_mode); },
      nullptr},
+    {"atoms", [](Chip &chip) { atoms_power_on(chip.atoms); },
+     [](Chip &chip, uint64_t from) { atoms_tick(chip, chip.now() - from); }},
 };
 
 // A chip that is attached and, for a getter, something to write to.
@@ -83,6 +90,9 @@ void Chip::bus_write_at(uint32_t offset, uint32_t value)
         return;
     }
     memory.write32(offset, value);
+    if (completes_group(offset)) {
+        atoms_group_written(*this, offset);
+    }
 }
 
 Chip *chip_find(uint32_t id)

@@ -5,10 +5,16 @@
 // memory until they are used.
 #pragma once
 
+#include "chipmodel/atom.h"
+#include "chipmodel/channel.h"
+#include "chipmodel/hash.h"
 #include "chipmodel/memory.h"
 #include "chipmodel/model.h"
 #include "chipmodel/slavebus.h"
 #include "chipmodel/smem.h"
+#include "chipmodel/standin.h"
+#include "chipmodel/stat.h"
+#include "chipmodel/tcam.h"
 
 namespace ldsdk::model {
 
@@ -45,7 +51,13 @@ class Chip {
     Memory memory;
     SlaveBus slave_bus;
     SmemSettings smem;
+    HashEngine hash;
+    Tcam tcam;
+    Channel channel;
+    Statistics stat;
+    Standin standin;
     uint32_t atom_mode[kAtomNum];
+    Atoms atoms;
 
   private:
     uint64_t now_;

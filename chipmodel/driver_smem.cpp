@@ -26,6 +26,8 @@ uint32_t Qd_SMEM_MemInit(uint32_t ulChipID, uint32_t ulSmemID, const uint32_t *p
             return kErrAddress;
         }
         chip.memory.clear(offset, bytes);
+        chip.hash.cache.engine.drop();
+        chip.hash.cache.plain.drop();
         return kOk;
     });
 }
@@ -55,21 +57,40 @@ uint32_t Qd_SMEM_DdrBaseAddrSet(uint32_t ulChipID, uint32_t ulSmemID, uint32_t u
     });
 }
 
-uint32_t Qd_SMEM_EmlTableSet(uint32_t ulChipID, uint32_t ulSmemID, uint32_t ulTid, uint32_t,
-                             const QdEmlBaseInfo *pstBaseInfo, const QdEmlWidthInfo *pstWidthInfo)
+uint32_t Qd_SMEM_EmlTableSet(uint32_t ulChipID, uint32_t ulSmemID, uint32_t ulTid,
+                             uint32_t ulIndirect, const QdEmlBaseInfo *pstBaseInfo,
+                             const QdEmlWidthInfo *pstWidthInfo)
 {
     if (pstBaseInfo == nullptr || pstWidthInfo == nullptr) {
         return kErrNull;
     }
-    return not_modelled(Op::Qd_SMEM_EmlTableSet, ulChipID,
-                        {{ulSmemID, ulTid, pstBaseInfo->ulBaseAddr, pstBaseInfo->ulBucketWidth,
-                          pstWidthInfo->ulTblWidth}});
+    const QdEmlBaseInfo &base = *pstBaseInfo;
+    const QdEmlWidthInfo &width = *pstWidthInfo;
+    const CallNumbers numbers = {
+        {ulSmemID, ulTid, base.ulBaseAddr, base.ulBucketWidth, width.ulTblWidth}};
+    return driver_call(Op::Qd_SMEM_EmlTableSet, ulChipID, numbers, [&](Chip &chip) {
+        if (ulIndirect != 0) {
+            return kErrNotModelled;
+        }
+        if (width.aulRsvd[0] != 0 || width.aulRsvd[1] != 0) {
+            return kErrParam;
+        }
+        return hash_table_set(chip, ulSmemID, ulTid, base.ulBaseAddr, base.ulBucketWidth,
+                              width.ulTblWidth);
+    });
 }
 
 uint32_t Qd_SMEM_EmlExcludeEnableSet(uint32_t ulChipID, uint32_t ulSmemID, uint32_t ulTid,
                                      uint32_t ulEnable)
 {
-    return not_modelled(Op::Qd_SMEM_EmlExcludeEnableSet, ulChipID, {{ulSmemID, ulTid, ulEnable}});
+    const CallNumbers numbers = {{ulSmemID, ulTid, ulEnable}};
+    return driver_call(Op::Qd_SMEM_EmlExcludeEnableSet, ulChipID, numbers, [&](Chip &chip) {
+        if (ulSmemID >= kSmemNum || ulTid >= kHashTableNum || ulEnable > 1) {
+            return kErrParam;
+        }
+        chip.hash.table[ulSmemID][ulTid].exclude = ulEnable != 0;
+        return kOk;
+    });
 }
 
 // ---- packet feed --------------------------------------------------------------------------------

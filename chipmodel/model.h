@@ -5,7 +5,9 @@
 // that take a chip answer kErrNoChip when it is not attached.
 #pragma once
 
+#include "chipmodel/lookup.h"
 #include "chipmodel/ops.h"
+#include "chipmodel/traffic.h"
 #include "platform/bus.h"
 
 #include <cstddef>
@@ -24,6 +26,7 @@ inline constexpr uint32_t kErrParam = 0xe0000004;        // an argument that the
 inline constexpr uint32_t kErrNull = 0xe0000005;         // a null pointer
 inline constexpr uint32_t kErrFault = 0xe0000006;        // a fault's code when it names none
 inline constexpr uint32_t kErrEmpty = 0xe0000007;        // nothing there to give back
+inline constexpr uint32_t kErrFull = 0xe0000008;         // a queue has no room
 
 // ---- power --------------------------------------------------------------------------------------
 

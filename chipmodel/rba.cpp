@@ -1,8 +1,10 @@
 #include "chipmodel/rba.h"
 
 #include "chipmodel/bytes.h"
+#include "chipmodel/hash.h"
 #include "chipmodel/model.h"
 #include "chipmodel/smem.h"
+#include "chipmodel/tcam.h"
 
 #include <array>
 
@@ -12,11 +14,6 @@ namespace {
 
 constexpr uint8_t kReadClass = 1;
 constexpr uint8_t kWriteClass = 3;
-
-uint32_t not_modelled(Chip &, const RbaRequest &, RbaResponse &)
-{
-    return kErrNotModelled;
-}
 
 // One command: how the wire names it, what has to be zero, and who carries it out.
 struct Command {
@@ -38,21 +35,22 @@ constexpr Command kCommands[] = {
     {false, kWriteClass, 1, RbaOp::kAdd, 0x0c000000, 0xc00f, 0, smem_add},
     {false, kWriteClass, 5, RbaOp::kSetBit, 0x0c000000, 0xff0f, 0, smem_set_bit},
     // search memory, hash forms
-    {false, kWriteClass, 8, RbaOp::kSearch, 0x00c0ffff, 0xff0f, 2, not_modelled},
-    {false, kWriteClass, 9, RbaOp::kSearchUpdate, 0x00c07fff, 0x0f0f, 2, not_modelled},
-    {false, kWriteClass, 10, RbaOp::kSearchBuild, 0x00c0c000, 0xff0f, 2, not_modelled},
-    {false, kWriteClass, 11, RbaOp::kSearchUpdateBuild, 0x00c04000, 0x0f0f, 2, not_modelled},
+    {false, kWriteClass, 8, RbaOp::kSearch, 0x00c0ffff, 0xff0f, 2, hash_search},
+    {false, kWriteClass, 9, RbaOp::kSearchUpdate, 0x00c07fff, 0x0f0f, 2, hash_search_update},
+    {false, kWriteClass, 10, RbaOp::kSearchBuild, 0x00c0c000, 0xff0f, 2, hash_search_build},
+    {false, kWriteClass, 11, RbaOp::kSearchUpdateBuild, 0x00c04000, 0x0f0f, 2,
+     hash_search_update_build},
     // local CAM
-    {true, kReadClass, 0, RbaOp::kTcamReadMask, 0x007ffe00, 0x0008, 2, not_modelled},
-    {true, kReadClass, 1, RbaOp::kTcamReadData, 0x007ffe00, 0x0008, 2, not_modelled},
-    {true, kReadClass, 4, RbaOp::kAdRead, 0x007ffe00, 0x0008, 2, not_modelled},
-    {true, kWriteClass, 0, RbaOp::kTcamClearMask, 0x007ffe00, 0x0008, 2, not_modelled},
-    {true, kWriteClass, 1, RbaOp::kTcamClearData, 0x007ffe00, 0x0008, 2, not_modelled},
-    {true, kWriteClass, 2, RbaOp::kTcamWriteMask, 0x007ffe00, 0x0008, 2, not_modelled},
-    {true, kWriteClass, 3, RbaOp::kTcamWriteData, 0x007ffe00, 0x0008, 2, not_modelled},
-    {true, kWriteClass, 4, RbaOp::kAdWrite, 0x007ffe00, 0x0008, 2, not_modelled},
-    {true, kWriteClass, 5, RbaOp::kTcamValidClear, 0x007ffe00, 0x000f, 2, not_modelled},
-    {true, kWriteClass, 6, RbaOp::kTcamValidSet, 0x007ffe00, 0x000f, 2, not_modelled},
+    {true, kReadClass, 0, RbaOp::kTcamReadMask, 0x007ffe00, 0x0008, 2, tcam_read_mask},
+    {true, kReadClass, 1, RbaOp::kTcamReadData, 0x007ffe00, 0x0008, 2, tcam_read_data},
+    {true, kReadClass, 4, RbaOp::kAdRead, 0x007ffe00, 0x0008, 2, tcam_ad_read},
+    {true, kWriteClass, 0, RbaOp::kTcamClearMask, 0x007ffe00, 0x0008, 2, tcam_clear_mask},
+    {true, kWriteClass, 1, RbaOp::kTcamClearData, 0x007ffe00, 0x0008, 2, tcam_clear_data},
+    {true, kWriteClass, 2, RbaOp::kTcamWriteMask, 0x007ffe00, 0x0008, 2, tcam_write_mask},
+    {true, kWriteClass, 3, RbaOp::kTcamWriteData, 0x007ffe00, 0x0008, 2, tcam_write_data},
+    {true, kWriteClass, 4, RbaOp::kAdWrite, 0x007ffe00, 0x0008, 2, tcam_ad_write},
+    {true, kWriteClass, 5, RbaOp::kTcamValidClear, 0x007ffe00, 0x000f, 2, tcam_valid_clear},
+    {true, kWriteClass, 6, RbaOp::kTcamValidSet, 0x007ffe00, 0x000f, 2, tcam_valid_set},
 };
 
 constexpr uint8_t kNoCommand = 0xff;

@@ -28,10 +28,16 @@ struct RbaResponse {
     uint8_t data[16];  // a short value is right-aligned
 };
 
-// Status words of the model beside the documented ones (0 success; hash: 1, 4, 5, 6).
+// Status words of the model beside the documented ones (0 success).
 inline constexpr uint32_t kStatusAddress = 0x10;    // nothing is modelled at the address
 inline constexpr uint32_t kStatusMalformed = 0x11;  // bits that have to be zero are not
 inline constexpr uint32_t kStatusUnknown = 0x12;    // no such target, operation or width
+inline constexpr uint32_t kStatusNoTable = 0x13;    // a hash table that was never declared
+// The documented ones of the hash commands.
+inline constexpr uint32_t kStatusHashAbsent = 1;
+inline constexpr uint32_t kStatusHashBuilt = 4;
+inline constexpr uint32_t kStatusHashSemaphore = 5;
+inline constexpr uint32_t kStatusHashCollision = 6;
 
 // Carries one kind of command out. Fills the response, which comes zeroed. The result is the
 // driver's: 0, or kErrNotModelled.

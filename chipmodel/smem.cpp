@@ -51,6 +51,24 @@ void counter_store(uint8_t *at, uint32_t bytes, uint64_t value)
     }
 }
 
+// Reads as a plain command sees it: with the caches in the way, hash tables through theirs.
+void read_through(Chip &chip, uint32_t offset, uint8_t *bytes, uint32_t size)
+{
+    if (__builtin_expect(chip.hash.cache.strict, 0) && hash_table_covers(chip, offset)) {
+        chip.hash.cache.plain.read(chip.memory, offset, bytes, size);
+        return;
+    }
+    __builtin_memcpy(bytes, chip.memory.at(offset), size);
+}
+
+// A plain command wrote.
+void written(Chip &chip, uint32_t offset, uint32_t size)
+{
+    if (__builtin_expect(chip.hash.cache.strict, 0)) {
+        chip.hash.cache.plain.written(chip.memory, offset, size);
+    }
+}
+
 }  // namespace
 
 uint32_t smem_read(Chip &chip, const RbaRequest &request, RbaResponse &response)
@@ -61,7 +79,7 @@ uint32_t smem_read(Chip &chip, const RbaRequest &request, RbaResponse &response)
         response.status = kStatusAddress;
         return kOk;
     }
-    __builtin_memcpy(response.data + 16 - width, chip.memory.at(offset), width);
+    read_through(chip, offset, response.data + 16 - width, width);
     return kOk;
 }
 
@@ -70,7 +88,9 @@ uint32_t smem_read_clear(Chip &chip, const RbaRequest &request, RbaResponse &res
     const uint32_t width = width_of(request);
     smem_read(chip, request, response);
     if (response.status == 0) {
-        __builtin_memset(chip.memory.touch(place(request, width), width), 0, width);
+        const uint32_t offset = place(request, width);
+        __builtin_memset(chip.memory.touch(offset, width), 0, width);
+        written(chip, offset, width);
     }
     return kOk;
 }
@@ -84,6 +104,7 @@ uint32_t smem_write(Chip &chip, const RbaRequest &request, RbaResponse &response
         return kOk;
     }
     __builtin_memcpy(chip.memory.touch(offset, width), request.payload + 16 - width, width);
+    written(chip, offset, width);
     return kOk;
 }
 
@@ -121,6 +142,7 @@ uint32_t smem_add(Chip &chip, const RbaRequest &request, RbaResponse &response)
         value = old + (amount < room ? amount : room);
     }
     counter_store(at, bytes, value);
+    written(chip, offset, bytes);
     __builtin_memcpy(response.data + 16 - bytes, at, bytes);
     return kOk;
 }
@@ -143,6 +165,7 @@ uint32_t smem_set_bit(Chip &chip, const RbaRequest &request, RbaResponse &respon
     const uint32_t bit = 1u << (what & 0xf);
     const uint32_t old = load_le16(at);
     store_le16(at, (what & 0x80) != 0 ? old | bit : old & ~bit);
+    written(chip, offset, 2);
     response.status = (old & bit) != 0 ? 1 : 0;
     __builtin_memcpy(response.data + 14, at, 2);
     return kOk;

@@ -3,6 +3,7 @@
 set -eu
 packages="g++ cmake ninja-build make pkg-config python3 libgtest-dev libgmock-dev googletest \
 libbenchmark-dev libreadline-dev libcli11-dev libpcap-dev libcapstone-dev tcpdump ieee-data \
+python3-scapy golang-github-google-gopacket-dev \
 g++-arm-linux-gnueabi binutils-arm-linux-gnueabi qemu-user-static"
 case "${1:-}" in
     lint) packages="clang-format clang-tidy cppcheck" ;;

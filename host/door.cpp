@@ -20,14 +20,14 @@ std::string g_fault_error;
 uint32_t host_code(uint32_t model_status)
 {
     switch (model_status) {
-    case model::kOk:
-        return LDSDK_HOST_OK;
-    case model::kErrNoChip:
-        return LDSDK_HOST_CHIP;
-    case model::kErrNull:
-        return LDSDK_HOST_NULL;
-    default:
-        return LDSDK_HOST_ADDRESS;
+        case model::kOk:
+            return LDSDK_HOST_OK;
+        case model::kErrNoChip:
+            return LDSDK_HOST_CHIP;
+        case model::kErrNull:
+            return LDSDK_HOST_NULL;
+        default:
+            return LDSDK_HOST_ADDRESS;
     }
 }
 

@@ -89,8 +89,8 @@ struct ChipHooks {
 };
 
 template <uint32_t... Chip>
-constexpr std::array<ChipHooks, sizeof...(Chip)>
-make_chip_hooks(std::integer_sequence<uint32_t, Chip...>)
+constexpr std::array<ChipHooks, sizeof...(Chip)> make_chip_hooks(
+    std::integer_sequence<uint32_t, Chip...>)
 {
     return {{{record_error_hook<Chip>, slave_read_hook<Chip>, slave_write_hook<Chip>}...}};
 }

@@ -51,7 +51,7 @@ struct TickResult {
 };
 
 class Sibling {
-public:
+  public:
     explicit Sibling(const SiblingConfig &config) : config_(config) {}
     // Tears the chip down if this object brought it up. The hooks stay: the SDK takes none back.
     ~Sibling();
@@ -61,7 +61,10 @@ public:
     // The whole way, in this order: hooks, chip, command tree, bring-up. 0, or the code of the step
     // that failed, whose name failed_step() then gives.
     uint32_t start();
-    const char *failed_step() const { return failed_step_; }
+    const char *failed_step() const
+    {
+        return failed_step_;
+    }
 
     // The steps of it. Each gives the SDK's code.
     uint32_t register_hooks();
@@ -77,8 +80,14 @@ public:
     // microcode is handed in with its 16-byte header.
     TickResult tick(std::span<const uint8_t> heartbeat = {});
 
-    uint32_t chip() const { return config_.chip; }
-    bool is_up() const { return up_; }
+    uint32_t chip() const
+    {
+        return config_.chip;
+    }
+    bool is_up() const
+    {
+        return up_;
+    }
 
     // What the hooks were told. Errors are in order, of all chips, the newest 1024.
     static const HookCounts &counts();
@@ -86,7 +95,7 @@ public:
     static uint64_t errors_total();
     static void reset_counts();
 
-private:
+  private:
     SiblingConfig config_;
     bool up_ = false;
     const char *failed_step_ = "";

@@ -12,6 +12,9 @@ struct Tap {
     std::deque<std::vector<uint8_t>> frames;
 };
 
+// The hook of a module that was just loaded.
+const NpPrintHook kPrintHook = g_pfnNpSdkPrint;
+
 Tap &tap()
 {
     static Tap instance;
@@ -115,6 +118,11 @@ Module::Module()
         g_pFnNpSlaveAddrWrite[chip] = nullptr;
         g_pFnNpRecordErrInfo[chip] = nullptr;
     }
+    g_pfnNpSdkPrint = kPrintHook;
+    g_pfnNpUsDelayHook = nullptr;
+    g_pFnNpClearWatchDog = nullptr;
+    g_pFnNpIntLock = nullptr;
+    g_pFnNpIntUnlock = nullptr;
     Np_PrintLevelInit();
     Os_HostIrqReset();
     Os_BusAttach(&model::bus());

@@ -6,9 +6,11 @@
 #include "sdk/frame/error_table.h"
 #include "sdk/frame/service.h"
 
+#include <array>
 #include <cstring>
 #include <map>
 #include <set>
+#include <type_traits>
 
 namespace {
 
@@ -19,6 +21,7 @@ using testing::HasSubstr;
 
 class Registry : public Module {};
 class Bringup : public Module {};
+class Refusal : public ChipUp {};
 
 TEST_F(Registry, RegistersWhatTheFamilyServes)
 {
@@ -186,6 +189,83 @@ TEST_F(Bringup, HoldsTheAtomsWhileItWorks)
     EXPECT_EQ(Np_INIT_SdkDestruct(0), NP_OK);
     EXPECT_EQ(Np_INIT_SdkInit(0), NP_OK);
     EXPECT_EQ(Np_INIT_SdkDestruct(0), NP_OK);
+}
+
+// Arguments that nobody can want: all ones in every word, and null or a record of all ones.
+struct Nonsense {
+    bool null;
+    uint32_t word;
+
+    template <typename T>
+    operator T *() const
+    {
+        static std::array<uint8_t, 16384> record;
+        record.fill(0xff);
+        return null ? nullptr : reinterpret_cast<T *>(record.data());
+    }
+    template <typename T>
+        requires std::is_integral_v<T>
+    operator T() const
+    {
+        return static_cast<T>(word);
+    }
+};
+
+template <typename First, typename... Rest>
+uint32_t call_nonsense(uint32_t (*function)(First, Rest...), [[maybe_unused]] Nonsense nonsense)
+{
+    return function(0, static_cast<Rest>(nonsense)...);
+}
+
+bool changes_something(const ldsdk::model::Record &record)
+{
+    using ldsdk::model::RecordKind;
+    constexpr uint32_t kWriteClass = 3;
+    return record.kind == RecordKind::kWrite32 || record.kind == RecordKind::kWrite16 ||
+           record.kind == RecordKind::kClear || record.kind == RecordKind::kCall ||
+           (record.kind == RecordKind::kRba && (record.value >> 16 & 0xff) == kWriteClass);
+}
+
+// Whatever the interface refuses, it refuses before the chip hears of it.
+TEST_F(Refusal, NothingReachesTheChip)
+{
+    struct Service {
+        const char *name;
+        uint32_t (*call)(Nonsense);
+        bool takes_more;  // than the chip
+    };
+    const Service services[] = {
+#define NP_SERVICE(slot, door, wrapper, impl, arity, state) \
+    {#wrapper, [](Nonsense nonsense) { return call_nonsense(&wrapper, nonsense); }, arity > 1},
+#include "sdk/frame/service_list.h"
+    };
+    uint32_t refused = 0;
+    for (const Nonsense nonsense :
+         {Nonsense{true, 0}, Nonsense{true, ~0u}, Nonsense{false, ~0u}, Nonsense{false, 0}}) {
+        for (const Service &service : services) {
+            // Records that carry an address are the caller's word: nobody can check it.
+            const std::string name = service.name;
+            const bool carries_address = name == "Np_Micro_Load" || name == "Np_Micro_OnlineLoad" ||
+                                         name.starts_with("Np_Cputr_");
+            if (!service.takes_more || (carries_address && !nonsense.null)) {
+                continue;
+            }
+            SCOPED_TRACE(testing::Message() << service.name << " null " << nonsense.null << " word "
+                                            << nonsense.word);
+            ldsdk::model::journal_clear();
+            ldsdk::model::journal_enable(true);
+            const uint32_t code = service.call(nonsense);
+            ldsdk::model::journal_enable(false);
+            if (code != NP_ERR_NULL_PTR && code != NP_ERR_PARAM && code != NP_ERR_ADDRESS) {
+                continue;  // it was carried out, or is not there
+            }
+            refused++;
+            for (uint32_t i = 0; i < ldsdk::model::journal_count(); i++) {
+                EXPECT_FALSE(changes_something(*ldsdk::model::journal_record(i)));
+            }
+        }
+    }
+    EXPECT_GE(refused, 4u);
 }
 
 // With the k-th driver call or allocation failing, the bring-up gives a written code, nothing

@@ -318,7 +318,7 @@ TEST_F(JournalTest, KeepsBothDoorsInOneOrder)
         "data=00000000000000000a00000b55000000",
         "0 chip 1 write16 0x00000008 0x0002",
         "0 chip 1 read16 0x00000009 0x0000",
-        "0 chip 1 Qd_GLB_PortParamCheck(1, 0x6, 0x11, 0x7f, 0x0) = 0xe0000001",
+        "0 chip 1 Qd_GLB_PortParamCheck(1, 0x6, 0x11, 0x7f, 0x0) = 0x0",
         "12 chip 0 rba unknown addr=0x00108000 ctrl=0x0200 class=7 status=18 "
         "data=00000000000000000000000000000000",
         "12 chip 0 rba add addr=0x00108000 ctrl=0x0110 class=3 = 0x00000009",

@@ -78,7 +78,8 @@ TEST(HostOs, ChecksAndCutsCopiesFromTheCaller)
     Os_HostSetUserLimit(reinterpret_cast<uintptr_t>(from) + 8);
     EXPECT_TRUE(Os_UserRangeOk(from, 8));
     EXPECT_FALSE(Os_UserRangeOk(from, 9));
-    EXPECT_FALSE(Os_UserRangeOk(from + 9, 0));
+    const uintptr_t behind = reinterpret_cast<uintptr_t>(from) + 9;
+    EXPECT_FALSE(Os_UserRangeOk(reinterpret_cast<const void *>(behind), 0));
     Os_HostSetUserLimit(0);
     EXPECT_EQ(0u, Os_CopyFromUser(to, from, 8));
     EXPECT_EQ(0, std::memcmp(to, from, 8));

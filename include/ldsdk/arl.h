@@ -12,8 +12,6 @@ typedef struct NpArlData NpArlData;
 typedef struct NpArlInfo NpArlInfo;
 typedef struct NpDynamicLrn NpDynamicLrn;
 typedef struct NpDynamicLrnState NpDynamicLrnState;
-typedef struct NpNormalAge NpNormalAge;
-typedef struct NpForceAge NpForceAge;
 typedef struct NpArlAgeModeKey NpArlAgeModeKey;
 typedef struct NpUvmacInfoKey NpUvmacInfoKey;
 typedef struct NpUvmacInfoAd NpUvmacInfoAd;
@@ -23,6 +21,19 @@ typedef struct NpLanMacData NpLanMacData;
 typedef struct NpLanMacInfo NpLanMacInfo;
 typedef struct NpPortLimitNum NpPortLimitNum;
 typedef struct NpGlbLimitNum NpGlbLimitNum;
+
+/* The periodic sweep of dynamic entries. */
+typedef struct NpNormalAge {
+    uint32_t ulAgeEnable; /* 0 stops it, 1 starts it */
+    uint32_t ulAgeTime;   /* 0 to 0x13c680; 0 stops it too */
+} NpNormalAge;
+
+/* One sweep of the dynamic entries that the one ulForceAgeID selects. */
+typedef struct NpForceAge {
+    uint32_t ulForceAgeIDBitmap; /* what it is: 1 flow, 2 bundle, 4 VLAN, 8 CM group, 16 VSI, 32 a
+                                    flow marked apart, 64 class, and sums of them */
+    uint32_t ulForceAgeID;
+} NpForceAge;
 
 /* Adds an entry as static, or rewrites the one with this key; a dynamic entry becomes static
    and its learn credit is given back. NP_ERR_TABLE_FULL, NP_ERR_HASH_CONFLICT,

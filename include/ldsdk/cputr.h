@@ -10,31 +10,31 @@ NP_EXTERN_C_BEGIN
 /* Where the microcode finds the room and the fields of a frame that it sends, by the kind of port:
    24 bits in the chip. ulFrameInfoType, beside it, says which member counts; 0 is none of them. */
 typedef union NpFrameInfo {
-    struct { /* 1, "eth" */
+    struct {                 /* 1, "eth" */
         uint32_t ulTsMode;   /* time stamp: 0 non, 1 modify, 2 sub, 3 add */
         uint32_t ulBk;       /* 0 noback, 1 back */
         uint32_t ulTsAddr;   /* 0 to 511 */
         uint32_t ulTsBkAddr; /* 0 to 7 */
         uint32_t ulUdpAddr;  /* 0 to 127 */
     } stEther;
-    struct { /* 2, "gpon" */
+    struct {                  /* 2, "gpon" */
         uint32_t ulPriOrSCR;  /* 0 or 1 */
         uint32_t ulGemPortID; /* 0 to 4095 */
     } stGpon;
-    struct { /* 3, "epon" */
+    struct {            /* 3, "epon" */
         uint32_t ulPri; /* 0 to 7 */
     } stEpon;
-    struct { /* 4, "xdsl" */
+    struct {                   /* 4, "xdsl" */
         uint32_t ulAtmPtmType; /* 0 atm, 1 ptm, 2 atm_cell1, 3 atm_cell2 */
         uint32_t ulPvcOffset;  /* 0 to 7 */
     } stXdsl;
-    struct { /* 5, "prbs" */
+    struct {                 /* 5, "prbs" */
         uint32_t ulPrbsChID; /* 0 to 255 */
     } stPrbs;
-    struct { /* 6, "pie" */
+    struct {                /* 6, "pie" */
         uint32_t ulPieChID; /* 0 to 7 */
     } stPie;
-    struct { /* 7, "loopback" */
+    struct {             /* 7, "loopback" */
         uint32_t ulRsvd; /* 24 bits */
     } stLoopBack;
 } NpFrameInfo;
@@ -109,7 +109,7 @@ typedef struct InfoForSend {
 typedef struct ReceiveInfo {
     uint32_t ulBufLen;  /* in: bytes at pucData */
     uint8_t *pucData;   /* in: the buffer; then the packet */
-    uint32_t ulPktLen;  /* bytes of the packet */
+    uint32_t ulPktLen;  /* bytes of the packet; above ulBufLen if the driver cut it to the buffer */
     uint32_t ulSubType; /* 0 normal; OAM PDUs: 1 with fault management data, 2 with loss, 3 with
                            delay measurement data */
     uint32_t ulPtype;   /* packet type: why the microcode gave it to the CPU */

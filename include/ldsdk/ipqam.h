@@ -18,7 +18,12 @@ typedef struct NpPidMapData NpPidMapData;
 typedef struct NpVersionInfo NpVersionInfo;
 typedef struct NpChannelMap NpChannelMap;
 typedef struct NpEncapInfo NpEncapInfo;
-typedef struct NpIpQamTimedMsg NpIpQamTimedMsg;
+/* The message that drives the sending. */
+typedef struct NpIpQamTimedMsg {
+    uint32_t enable;  /* 0 stops it, 1 starts it */
+    uint32_t agetime; /* period in ms */
+    uint32_t session; /* first session of the walk */
+} NpIpQamTimedMsg;
 
 /* Program group of a UDP destination port; ulIndex is a place in the table. */
 NP_API uint32_t Np_PgidMapTbl_Set(uint32_t ulChipID, const NpPgidMapKey *pstPgidMapKey,

@@ -22,7 +22,11 @@ typedef struct NpOamLookUpData NpOamLookUpData;
 typedef struct NpOamTx NpOamTx;
 typedef struct NpOamRx NpOamRx;
 typedef struct NpOamLp NpOamLp;
-typedef struct NpOamTimedMsg NpOamTimedMsg;
+/* The message that makes the microcode walk the rows of a period. */
+typedef struct NpOamTimedMsg {
+    uint32_t ulMsgEnable; /* 0 stops it, 1 starts it */
+    uint32_t ulPeriod;    /* 1 3.3 ms, 2 10 ms, 3 100 ms, 4 1 s, 5 10 s, 6 1 min, 7 10 min */
+} NpOamTimedMsg;
 typedef struct NpOamLmDataKey NpOamLmDataKey;
 typedef struct NpOamLmDataAd NpOamLmDataAd;
 typedef struct NpOamLmOamKey NpOamLmOamKey;

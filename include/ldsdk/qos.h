@@ -9,10 +9,25 @@
 
 NP_EXTERN_C_BEGIN
 
-typedef struct NpDscpMap NpDscpMap;
-typedef struct NpPcpMap NpPcpMap;
-typedef struct NpIpMap NpIpMap;
-typedef struct NpPriCarMap NpPriCarMap;
+/* 802.1p value, 0 to 7, by DSCP. */
+typedef struct NpDscpMap {
+    uint8_t auc1P[64];
+} NpDscpMap;
+
+/* 802.1p value, 0 to 7, by priority code point. */
+typedef struct NpPcpMap {
+    uint8_t auc1P[8];
+} NpPcpMap;
+
+/* 802.1p value, 0 to 7, by IP precedence. */
+typedef struct NpIpMap {
+    uint8_t auc1P[8];
+} NpIpMap;
+
+/* CAR priority, 0 to 3: four maps of eight priorities. */
+typedef struct NpPriCarMap {
+    uint8_t aucPriMap[4][8];
+} NpPriCarMap;
 
 /* 802.1p value, 0 to 7, for each DSCP (64), PCP (8) or IP precedence (8). ulIndex 0 to 7. */
 NP_API uint32_t Np_DscpMapTbl_Set(uint32_t ulChipID, uint32_t ulIndex, const NpDscpMap *pstDscpMap);

@@ -98,8 +98,10 @@ inline constexpr uint32_t NP_CAP_NUM = 361;
     X(144, L2_ENCAP_ID_MAX, 0x1fu, "highest L2 encapsulation identifier") \
     X(146, MET_ROWS, 0x7d0u, "multicast leaves") \
     X(148, BRLT_ROWS, 0x40u, "BRLT rows") \
-    X(150, ARL_STATE_MAX, 3u, "highest value of a two-bit MAC data field") \
-    X(151, MDI_MAX, 0x7fu, "highest MDI") \
+    X(150, MDI_ID_MAX, 3u, "highest MDI identifier") \
+    X(151, MDI_OFFSET_MAX, 0x7fu, "highest record of an MDI identifier") \
+    X(153, MET_DEST_MAX, 0x1fffu, "highest destination of a multicast leaf") \
+    X(156, MDI_PKT_LEN_MAX, 0xffffu, "highest packet length of an MDI record") \
     X(158, OAM_LP_ENCAP_BASE, 0x60226300u, "OAM loopback encapsulation base") \
     X(159, OAM_MEG_ROWS, 0x80u, "MEG rows") \
     X(161, OAM_MEP_ROWS, 0x80u, "MEP rows") \
@@ -171,6 +173,10 @@ inline constexpr uint32_t NP_CAP_NUM = 361;
     X(314, VLAN_ROWS, 0x1000u, "VLAN rows") \
     X(316, ISTP_SLOTS, 4u, "ingress STP status slots") \
     X(318, ESTP_SLOTS, 4u, "egress STP status slots") \
+    X(320, VRF_MAX, 0xfu, "highest VRF") \
+    X(321, VLAN_IF_MAX, 0x1fu, "highest VLAN interface") \
+    X(322, MSTP_MAX, 3u, "highest spanning tree instance") \
+    X(323, PORT_BITMAP_MAX, 0x3ffffffu, "widest port bitmap of a VLAN") \
     X(324, IPQAM_A, 0u, "absent in this family") \
     X(326, IPQAM_B, 0u, "absent in this family") \
     X(328, IPQAM_C, 0u, "absent in this family") \

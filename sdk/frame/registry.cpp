@@ -1,12 +1,15 @@
 #include "sdk/frame/registry.h"
 
 #include "ldsdk/init.h"
+#include "sdk/access/counter.h"
 #include "sdk/access/regtable.h"
 #include "sdk/access/smem.h"
 #include "sdk/access/stack.h"
 #include "sdk/frame/service.h"
 #include "sdk/frame/text.h"
 #include "sdk/frame/trace.h"
+#include "sdk/lookup/eml.h"
+#include "sdk/lookup/lcam.h"
 
 constinit NpChipAddr g_stNpChipAddr[NP_CHIP_NUM] = {};
 constinit const uint32_t *g_aulNpGlbCap[NP_CHIP_NUM] = {};
@@ -47,6 +50,12 @@ uint32_t Np_AllRecordsClear(void)
 // Whatever a family's tables are to a chip is listed here, and nowhere else.
 void Np_GLB_TarnBVariableInit(uint32_t ulChipID)
 {
+    g_stNpEmlConfig[ulChipID] = g_stNpEmlConfig_TarnB;
+    g_stNpLcamConfig[ulChipID] = g_stNpLcamConfig_TarnB;
+    g_astNpMultiServiceLcamAddrBlockConfig[ulChipID] =
+        g_astNpMultiServiceLcamAddrBlockConfig_TarnB;
+    g_pstNpLcamAddrConfig[ulChipID] = g_pstNpLcamAddrConfig_TarnB;
+    g_asttarnNpCntConfigDesc[ulChipID] = g_asttarnNpCntConfigDesc_TarnB;
     g_aulNpSmemCopAddr[ulChipID] = g_aulNpSmemCopAddr_TarnB;
     g_aulNpSmemInitParam[ulChipID] = g_aulNpSmemInitParam_TarnB;
     g_stNpSDKFunc[ulChipID] = g_stNpSDKFuncInit_TarnB;

@@ -95,6 +95,10 @@ void Np_PUB_SMD_DataPrint(const char *pszName, const void *pData, uint32_t ulLen
 // Prints the menu, if the prompt switch is on. pszBuffer: ulLen bytes for one entry at a time; too
 // few end the menu with closing line 6.
 uint32_t Np_PUB_SMD_Prompt(char *pszBuffer, uint32_t ulLen, const NpSmdKeyTable *pstTable);
+// Its parts, for items that are not kept as a table: an entry behind ulBefore others, and the end.
+uint32_t Np_SMD_MenuEntry(char *pszBuffer, uint32_t ulLen, uint32_t ulBefore,
+                          const NpSmdKeyItem *pstItem);
+void Np_SMD_MenuEnd(uint32_t ulEntries);
 // Prints a closing line, a value of NpSmdClosing; nothing for other codes.
 void Np_PUB_SMD_ReturnValue(uint32_t ulCode);
 // Prints a status code and its text.

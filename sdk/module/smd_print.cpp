@@ -166,6 +166,25 @@ void Np_PUB_SMD_DataPrint(const char *pszName, const void *pData, uint32_t ulLen
     }
 }
 
+uint32_t Np_SMD_MenuEntry(char *pszBuffer, uint32_t ulLen, uint32_t ulBefore,
+                          const NpSmdKeyItem *pstItem)
+{
+    const int lLength = Os_Format(pszBuffer, ulLen, "%02d:%s",
+                                  static_cast<int32_t>(pstItem->ulPromptNo), pstItem->szName);
+    if (static_cast<uint32_t>(lLength) >= ulLen) {
+        Np_PUB_SMD_ReturnValue(NP_SMD_MAX_BUFFER);
+        return 1;
+    }
+    Os_Print("%s| %s%s", ulBefore % NP_MENU_PER_LINE == 0 ? "\r\n" : "", pszBuffer,
+             Np_MenuPad(static_cast<uint32_t>(lLength)));
+    return 0;
+}
+
+void Np_SMD_MenuEnd(uint32_t ulEntries)
+{
+    Os_Print("%s| end\r\n", ulEntries % NP_MENU_PER_LINE == 0 ? "\r\n" : "");
+}
+
 uint32_t Np_PUB_SMD_Prompt(char *pszBuffer, uint32_t ulLen, const NpSmdKeyTable *pstTable)
 {
     if (g_ulNpPubPrompt == 0) {
@@ -177,17 +196,12 @@ uint32_t Np_PUB_SMD_Prompt(char *pszBuffer, uint32_t ulLen, const NpSmdKeyTable 
         if (pstItem->ulPromptNo == 0) {
             continue;
         }
-        const int lLength = Os_Format(pszBuffer, ulLen, "%02d:%s",
-                                      static_cast<int32_t>(pstItem->ulPromptNo), pstItem->szName);
-        if (static_cast<uint32_t>(lLength) >= ulLen) {
-            Np_PUB_SMD_ReturnValue(NP_SMD_MAX_BUFFER);
+        if (Np_SMD_MenuEntry(pszBuffer, ulLen, ulEntries, pstItem) != 0) {
             return 1;
         }
-        Os_Print("%s| %s%s", ulEntries % NP_MENU_PER_LINE == 0 ? "\r\n" : "", pszBuffer,
-                 Np_MenuPad(static_cast<uint32_t>(lLength)));
         ulEntries++;
     }
-    Os_Print("%s| end\r\n", ulEntries % NP_MENU_PER_LINE == 0 ? "\r\n" : "");
+    Np_SMD_MenuEnd(ulEntries);
     return 0;
 }
 

@@ -20,7 +20,7 @@ struct NextWord {
 };
 
 class Backend {
-public:
+  public:
     virtual ~Backend() = default;
 
     // The ioctl of the command device. Throws when it is refused.

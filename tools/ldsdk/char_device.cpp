@@ -3,9 +3,9 @@
 #include "tools/ldsdk/error.h"
 #include "tools/ldsdk/in_process.h"
 
-#include <cerrno>
 #include <fcntl.h>
 #include <sys/ioctl.h>
+#include <cerrno>
 
 namespace ldsdk::tool {
 

@@ -7,7 +7,7 @@
 namespace ldsdk::tool {
 
 class CharDevice : public Backend {
-public:
+  public:
     explicit CharDevice(const std::string &path);
 
     // What the command prints goes to the kernel log.
@@ -17,7 +17,7 @@ public:
     // The tree of the module that this tool was built with.
     std::vector<NextWord> next_words(std::span<const std::string> path) override;
 
-private:
+  private:
     std::string path_;
     Fd fd_;
 };

@@ -4,7 +4,10 @@
 #include "host/sibling.h"
 #include "ldsdk/host.h"
 #include "ldsdk/types.h"
+#include "tools/ldsdk/channel_commands.h"
+#include "tools/ldsdk/code_commands.h"
 #include "tools/ldsdk/error.h"
+#include "tools/ldsdk/lookup_commands.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -31,10 +34,11 @@ std::string hex32(uint32_t value)
 
 uint32_t read_address(const std::string &command, const std::string &word)
 {
-    const auto address = static_cast<uint32_t>(
-        read_number(command, word, "a chip address", 0, kMaxWord));
+    const auto address =
+        static_cast<uint32_t>(read_number(command, word, "a chip address", 0, kMaxWord));
     if (address % 4 != 0) {
-        throw usage(command + ": \"" + word + "\": expected the address of a word, a multiple of 4");
+        throw usage(command + ": \"" + word +
+                    "\": expected the address of a word, a multiple of 4");
     }
     return address;
 }
@@ -55,13 +59,14 @@ void peek(ChipSession &session, Arguments arguments, Output &output)
 {
     const uint32_t chip = session.selected();
     const uint32_t first = read_address("chip peek", arguments[0]);
-    const uint64_t count =
-        arguments.size() < 2
-            ? 1
-            : read_number("chip peek", arguments[1], "a count of words", 1, kMaxPeekWords);
+    const uint64_t count = arguments.size() < 2 ? 1
+                                                : read_number("chip peek", arguments[1],
+                                                              "a count of words", 1, kMaxPeekWords);
     if (count - 1 > (kMaxWord - first) / 4) {
-        throw usage("chip peek: \"" + arguments[1] + "\": expected a count of words that ends at "
-                    "0xffffffff, " + std::to_string((kMaxWord - first) / 4 + 1) + " at most");
+        throw usage("chip peek: \"" + arguments[1] +
+                    "\": expected a count of words that ends at "
+                    "0xffffffff, " +
+                    std::to_string((kMaxWord - first) / 4 + 1) + " at most");
     }
     std::vector<uint32_t> values(count);
     for (uint32_t i = 0; i < count; i++) {
@@ -93,8 +98,8 @@ void advance(ChipSession &session, Arguments arguments, Output &)
 {
     const uint64_t ticks =
         read_number("chip advance", arguments[0], "a number of 0.1 ms ticks", 0, UINT64_MAX);
-    check_access(ldsdk_model_advance(session.selected(), ticks), "chip advance",
-                 session.selected(), 0);
+    check_access(ldsdk_model_advance(session.selected(), ticks), "chip advance", session.selected(),
+                 0);
 }
 
 void journal_on(ChipSession &, Arguments, Output &)
@@ -198,6 +203,7 @@ struct ChipCommand {
     size_t most;
     const char *help;
     void (*run)(ChipSession &, Arguments, Output &);
+    std::vector<NextWord> (*words)() = nullptr;  // what the first argument can be
 };
 
 constexpr size_t kAnyNumber = SIZE_MAX;
@@ -215,6 +221,31 @@ constexpr ChipCommand kCommands[] = {
     {"fault", "clear", "", 0, 0, "take all faults back", fault_clear},
     {"fault", nullptr, "OPERATION [WORD...]", 1, kAnyNumber,
      "make calls fail: Qd_PBA_AtomModeSet nth=1 code=5", fault_set},
+    {"load", "online", "FILE [ATOMS]", 1, 2,
+     "replace the microcode of running atoms, all or those of a bitmap", load_code_online},
+    {"load", nullptr, "FILE", 1, 1, "load a microcode image", load_code},
+    {"disasm", nullptr, "PC [COUNT]", 1, 2, "show instructions, 16 by default", show_code},
+    {"traffic", "on", "", 0, 0, "packets for every thread that waits for one", traffic_on},
+    {"traffic", "off", "", 0, 0, "no more packets", traffic_off},
+    {"inject", nullptr, "FILE [PORT]", 1, 2,
+     "feed the frames of a capture to the receive side, as from port fe:0", inject_capture},
+    {"capture", nullptr, "FILE", 1, 1, "write what the host sent to a capture", save_capture},
+    {"sent", nullptr, "[N]", 0, 1, "show the last N packets that the host sent, 20 by default",
+     show_sent},
+    {"channels", nullptr, "", 0, 0, "show the auto-send channels", show_channels},
+    {"standin", "on", "", 0, 0, "let the microcode's stand-in take what is sent", standin_on},
+    {"standin", "off", "", 0, 0, "leave what is sent in the queue", standin_off},
+    {"standin", "show", "", 0, 0, "show what it has done", standin_show},
+    {"loop", "on", "", 0, 0, "send inserted packets back to the host", loop_on},
+    {"loop", "off", "", 0, 0, "keep them", loop_off},
+    {"lookup", "eml", "TABLE KEYHEX", 2, 2,
+     "what the microcode finds in a hash table, key byte 0 first", lookup_eml, eml_table_words},
+    {"lookup", "lcam", "TABLE KEYHEX", 2, 2, "what it finds in a local CAM table, key byte 0 first",
+     lookup_lcam, lcam_table_words},
+    {"show", "eml", "TABLE", 1, 1, "draw which items of a hash table are in use", show_eml,
+     eml_table_words},
+    {"show", "lcam", "TABLE", 1, 1, "draw which entries of a local CAM table are in use", show_lcam,
+     lcam_table_words},
     {"select", nullptr, "N", 1, 1, "choose the chip that these commands mean, 0 at first",
      select_chip},
     {"attach", nullptr, "N", 1, 1, "power chip 1 to 3 on and register it as a slave", attach_slave},
@@ -241,8 +272,7 @@ void help(ChipSession &, Arguments, Output &output)
 {
     for (const ChipCommand &command : kCommands) {
         char text[160];
-        std::snprintf(text, sizeof text, "%32s \t %s\n",
-                      usage_of(command).c_str(), command.help);
+        std::snprintf(text, sizeof text, "%32s \t %s\n", usage_of(command).c_str(), command.help);
         output.write(text);
     }
 }
@@ -307,8 +337,8 @@ void ChipSession::run(std::span<const std::string> words, Output &output)
         throw usage(name + ": an argument is missing; expected " + usage_of(*command));
     }
     if (arguments.size() > command->most) {
-        throw usage(name + ": \"" + arguments[command->most] + "\" is one word too many; expected " +
-                    usage_of(*command));
+        throw usage(name + ": \"" + arguments[command->most] +
+                    "\" is one word too many; expected " + usage_of(*command));
     }
     command->run(*this, arguments, output);
 }
@@ -329,10 +359,15 @@ std::vector<NextWord> chip_next_words(std::span<const std::string> path)
         const bool group = command.second != nullptr;
         if (path.size() == 1 && (words.empty() || words.back().name != command.word)) {
             const std::string group_path[] = {path[0], command.word};
-            words.push_back({command.word, group ? expected_words(group_path) : described(command),
-                             group});
-        } else if (path.size() == 2 && group && path[1] == command.word) {
-            words.push_back({command.second, described(command), false});
+            words.push_back(
+                {command.word, group ? expected_words(group_path) : described(command), group});
+        }
+        else if (path.size() == 2 && group && path[1] == command.word) {
+            words.push_back({command.second, described(command), command.words != nullptr});
+        }
+        else if (path.size() == 3 && group && command.words != nullptr && path[1] == command.word &&
+                 path[2] == command.second) {
+            words = command.words();
         }
     }
     if (path.size() == 2 && path[1] == "fault") {

@@ -9,15 +9,18 @@ namespace ldsdk::tool {
 
 // One user of the model: which chip its commands mean.
 class ChipSession {
-public:
+  public:
     // Runs a command line whose first word is "chip". Throws what is wrong with it.
     void run(std::span<const std::string> words, Output &output);
 
-    uint32_t selected() const { return selected_; }
+    uint32_t selected() const
+    {
+        return selected_;
+    }
     // Throws unless the chip is attached.
     void select(uint32_t chip);
 
-private:
+  private:
     uint32_t selected_ = 0;
 };
 

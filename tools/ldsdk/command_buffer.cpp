@@ -23,9 +23,9 @@ Error too_long(std::span<const std::string> words, size_t index)
     const std::string shown =
         word.size() > kShownOfWord ? word.substr(0, kShownOfWord) + "..." : word;
     return failed("the command does not fit the device's buffer: word " +
-                  std::to_string(index + 1) + ", \"" + shown + "\", ends beyond it; the command takes " +
-                  std::to_string(needed) + " bytes, expected at most " +
-                  std::to_string(kCommandBufferSize));
+                  std::to_string(index + 1) + ", \"" + shown +
+                  "\", ends beyond it; the command takes " + std::to_string(needed) +
+                  " bytes, expected at most " + std::to_string(kCommandBufferSize));
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ inline constexpr int kExitFailed = 1;
 inline constexpr int kExitUsage = 2;
 
 class Error : public std::runtime_error {
-public:
+  public:
     enum class Kind {
         failed,  // the tool, the device or the model could not do it
         usage,   // it was asked for in the wrong way
@@ -20,10 +20,16 @@ public:
 
     Error(Kind kind, const std::string &text) : std::runtime_error(text), kind_(kind) {}
 
-    Kind kind() const { return kind_; }
-    int exit_status() const { return kind_ == Kind::usage ? kExitUsage : kExitFailed; }
+    Kind kind() const
+    {
+        return kind_;
+    }
+    int exit_status() const
+    {
+        return kind_ == Kind::usage ? kExitUsage : kExitFailed;
+    }
 
-private:
+  private:
     Kind kind_;
 };
 

@@ -7,7 +7,7 @@
 namespace ldsdk::tool {
 
 class Fd {
-public:
+  public:
     Fd() = default;
     explicit Fd(int fd) : fd_(fd) {}
     Fd(Fd &&other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
@@ -23,10 +23,16 @@ public:
         }
     }
 
-    int get() const { return fd_; }
-    bool valid() const { return fd_ >= 0; }
+    int get() const
+    {
+        return fd_;
+    }
+    bool valid() const
+    {
+        return fd_ >= 0;
+    }
 
-private:
+  private:
     int fd_ = -1;
 };
 

@@ -1,5 +1,6 @@
 #include "tools/ldsdk/in_process.h"
 
+#include "host/image.h"
 #include "ldsdk/host.h"
 #include "sdk/module/tree.h"
 #include "tools/ldsdk/error.h"
@@ -12,13 +13,19 @@ namespace {
 
 // Names the output of a command while it runs.
 class OutputScope {
-public:
-    OutputScope(Output *&slot, Output &output) : slot_(slot) { slot_ = &output; }
-    ~OutputScope() { slot_ = nullptr; }
+  public:
+    OutputScope(Output *&slot, Output &output) : slot_(slot)
+    {
+        slot_ = &output;
+    }
+    ~OutputScope()
+    {
+        slot_ = nullptr;
+    }
     OutputScope(const OutputScope &) = delete;
     OutputScope &operator=(const OutputScope &) = delete;
 
-private:
+  private:
     Output *&slot_;
 };
 
@@ -57,15 +64,28 @@ std::vector<NextWord> local_next_words(std::span<const std::string> path)
     return path[0] == "chip" ? chip_next_words(path) : tree_next_words(path);
 }
 
+namespace {
+
+void check_step(const std::string &step, uint32_t status)
+{
+    if (status != 0) {
+        char code[16];
+        std::snprintf(code, sizeof code, "0x%08x", status);
+        throw failed(step + " gives " + code);
+    }
+}
+
+}  // namespace
+
 InProcess::InProcess() : sibling_({})
 {
     ldsdk_set_output(sink, this);
     ldsdk_model_attach(sibling_.chip());
-    if (const uint32_t status = sibling_.start(); status != 0) {
-        char code[16];
-        std::snprintf(code, sizeof code, "0x%08x", status);
-        throw failed(std::string(sibling_.failed_step()) + " gives " + code +
-                     "; the module printed:\n" + load_log_);
+    const uint32_t status = sibling_.start();
+    check_step(sibling_.failed_step(), status);
+    // Without the image the chip runs as well, with nothing in its engines.
+    if (const std::string image = host::example_image(); !image.empty()) {
+        check_step("loading " + image, host::load_image(sibling_.chip(), host::read_image(image)));
     }
 }
 
@@ -76,12 +96,9 @@ InProcess::~InProcess()
 
 void InProcess::sink(const char *text, void *user)
 {
-    auto &self = *static_cast<InProcess *>(user);
-    if (self.output_ == nullptr) {
-        self.load_log_ += text;
-        return;
+    if (Output *output = static_cast<InProcess *>(user)->output_; output != nullptr) {
+        output->write(text);
     }
-    self.output_->write(text);
 }
 
 void InProcess::device(const CommandBuffer &buffer, Output &output)

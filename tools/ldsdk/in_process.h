@@ -8,9 +8,9 @@
 namespace ldsdk::tool {
 
 class InProcess : public Backend {
-public:
-    // Attaches chip 0, loads the module and brings the chip up. What the module prints meanwhile is
-    // shown only when that fails. There can be one of these in a process.
+  public:
+    // Attaches chip 0, loads the module and brings the chip up. What the module prints outside of
+    // commands is not shown. There can be one of these in a process.
     InProcess();
     ~InProcess() override;
     InProcess(const InProcess &) = delete;
@@ -23,17 +23,16 @@ public:
     // The same for one user of several, each with a chip of its own choice.
     void chip(ChipSession &session, std::span<const std::string> words, Output &output);
 
-private:
+  private:
     static void sink(const char *text, void *user);
 
     Output *output_ = nullptr;  // of the command under way
-    std::string load_log_;      // what was printed outside of commands
     ChipSession session_;
     host::Sibling sibling_;
 };
 
-// The words that can follow a path, looked up in the installed command tree and in the table of chip
-// commands.
+// The words that can follow a path, looked up in the installed command tree and in the table of
+// chip commands.
 std::vector<NextWord> local_next_words(std::span<const std::string> path);
 
 }  // namespace ldsdk::tool

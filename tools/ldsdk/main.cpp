@@ -6,9 +6,9 @@
 #include "tools/ldsdk/script.h"
 #include "tools/ldsdk/server.h"
 
+#include <unistd.h>
 #include <csignal>
 #include <exception>
-#include <unistd.h>
 
 using namespace ldsdk::tool;
 
@@ -32,7 +32,8 @@ void run(const Options &options, ConsoleOutput &output)
     else if (!on_terminal) {
         run_script(*backend, "-", false, output);
     }
-    if (on_terminal && (options.mode == Mode::prompt || options.interactive)) {
+    const bool prompt_follows = options.interactive && ::isatty(STDOUT_FILENO) != 0;
+    if (on_terminal && (options.mode == Mode::prompt || prompt_follows)) {
         run_prompt(*backend, output);
     }
 }
@@ -47,12 +48,14 @@ int guarded(int argc, char **argv, ConsoleOutput &output)
             output.check();
         }
         return kExitOk;
-    } catch (const Error &error) {
+    }
+    catch (const Error &error) {
         if (error.what()[0] != '\0') {
             output.tell(std::string("ldsdk: ") + error.what());
         }
         return error.exit_status();
-    } catch (const std::exception &error) {
+    }
+    catch (const std::exception &error) {
         output.tell(std::string("ldsdk: ") + error.what());
         return kExitFailed;
     }

@@ -15,11 +15,13 @@ namespace {
 
 constexpr char kAbout[] =
     "Debug tool of the network processor SDK. Without --device it runs the module in its own\n"
-    "process, chip 0 up on the chip model. Without a command it reads command lines: with a prompt\n"
+    "process, chip 0 up on the chip model. Without a command it reads command lines: with a "
+    "prompt\n"
     "on a terminal, as a script from anything else.";
 constexpr char kFooter[] =
     "Commands:\n"
-    "  micro ...   a command of the module, through its 512-byte command buffer; `micro` lists them\n"
+    "  micro ...   a command of the module, through its 512-byte command buffer; `micro` lists "
+    "them\n"
     "  chip ...    a command of the chip model; `chip help` lists them\n"
     "Exit status: 0; 1 the tool, the device or a script line failed; 2 bad usage.";
 
@@ -65,21 +67,26 @@ std::optional<Options> read_options(int argc, char **argv)
                    "a running module: /dev/ldsdk, or unix:PATH of `ldsdk serve`")
         ->type_name("PATH");
     const CLI::Option *script =
-        app.add_option("-s,--script", options.script,
-                       "run a file of command lines, up to the first that fails; - is standard input")
+        app.add_option(
+               "-s,--script", options.script,
+               "run a file of command lines, up to the first that fails; - is standard input")
             ->type_name("FILE");
     app.add_flag("-i,--interactive", options.interactive, "go on with a prompt behind the script");
-    app.add_flag("-e,--echo", options.echo, "show each script line on standard error before it runs");
-    CLI::App *serve = app.add_subcommand("serve", "serve the module and the chip model at a socket");
+    app.add_flag("-e,--echo", options.echo,
+                 "show each script line on standard error before it runs");
+    CLI::App *serve =
+        app.add_subcommand("serve", "serve the module and the chip model at a socket");
     serve->add_option("--socket", options.socket, "where the socket is made, mode 0600")
         ->required()
         ->type_name("PATH");
     try {
         app.parse(argc, argv);
-    } catch (const CLI::Success &answer) {
+    }
+    catch (const CLI::Success &answer) {
         app.exit(answer, std::cout, std::cerr);
         return std::nullopt;
-    } catch (const CLI::ParseError &error) {
+    }
+    catch (const CLI::ParseError &error) {
         throw misused(error.what());
     }
     options.words = app.remaining();

@@ -12,16 +12,16 @@ enum class Mode { prompt, script, one_shot, serve };
 
 struct Options {
     Mode mode = Mode::prompt;
-    std::string device;       // empty: the module and the model in this process
-    std::string script;       // "-" is standard input
-    bool interactive = false; // a prompt behind the script
-    bool echo = false;        // show each line of a script before it runs
-    std::string socket;       // of serve
-    Words words;              // the one command
+    std::string device;        // empty: the module and the model in this process
+    std::string script;        // "-" is standard input
+    bool interactive = false;  // a prompt behind the script
+    bool echo = false;         // show each line of a script before it runs
+    std::string socket;        // of serve
+    Words words;               // the one command
 };
 
-// Reads the command line. Nothing when --help or --version was asked for and answered. Throws a usage
-// error.
+// Reads the command line. Nothing when --help or --version was asked for and answered. Throws a
+// usage error.
 std::optional<Options> read_options(int argc, char **argv);
 
 }  // namespace ldsdk::tool

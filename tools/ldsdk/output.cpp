@@ -2,8 +2,8 @@
 
 #include "tools/ldsdk/error.h"
 
-#include <cerrno>
 #include <unistd.h>
+#include <cerrno>
 
 namespace ldsdk::tool {
 

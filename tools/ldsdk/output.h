@@ -7,7 +7,7 @@
 namespace ldsdk::tool {
 
 class Output {
-public:
+  public:
     virtual ~Output() = default;
     Output() = default;
     Output(const Output &) = delete;
@@ -26,10 +26,10 @@ public:
     // Passes on what was gathered.
     void flush() noexcept;
 
-protected:
+  protected:
     virtual void pass_on(std::string_view text) noexcept = 0;
 
-private:
+  private:
     static constexpr size_t kPiece = 64 * 1024;
     void note_line_end();
 
@@ -39,17 +39,17 @@ private:
 
 // Standard output.
 class ConsoleOutput : public Output {
-public:
+  public:
     // Throws what a write met. A reader that went away is told without a text: whoever piped the
     // output into `head` knows.
     void check() const;
     // Shows a line of the tool's own on standard error, behind all that was written before it.
     void tell(const std::string &text);
 
-protected:
+  protected:
     void pass_on(std::string_view text) noexcept override;
 
-private:
+  private:
     int error_ = 0;
 };
 

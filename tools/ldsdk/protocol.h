@@ -8,9 +8,9 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
-#include <span>
 #include <vector>
 
 namespace ldsdk::tool {
@@ -47,16 +47,19 @@ struct FrameTooLong {
 
 // Takes frames off the front of received bytes.
 class FrameReader {
-public:
+  public:
     explicit FrameReader(size_t max_size) : max_size_(max_size) {}
 
     // Room for at least size more bytes; received(n) says how many of them came.
     std::span<char> room(size_t size);
-    void received(size_t size) { end_ += size; }
+    void received(size_t size)
+    {
+        end_ += size;
+    }
     // The next whole frame, if it is there. Throws FrameTooLong. Its body is valid until room().
     std::optional<Frame> next();
 
-private:
+  private:
     std::vector<char> bytes_;
     size_t begin_ = 0;
     size_t end_ = 0;

@@ -2,6 +2,7 @@
 
 #include "tools/ldsdk/error.h"
 
+#include <unistd.h>
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -9,7 +10,6 @@
 #include <cstring>
 #include <filesystem>
 #include <memory>
-#include <unistd.h>
 
 #include <readline/history.h>
 #include <readline/readline.h>
@@ -34,7 +34,8 @@ std::vector<NextWord> matching(const TypedLine &typed)
     std::vector<NextWord> words;
     try {
         words = g_completion.backend->next_words(typed.words);
-    } catch (const Error &) {
+    }
+    catch (const Error &) {
         return {};  // the next command will tell
     }
     if (typed.words.empty()) {
@@ -127,7 +128,7 @@ std::filesystem::path history_path()
 
 // History of earlier runs, kept for later ones.
 class History {
-public:
+  public:
     History() : path_(history_path())
     {
         using_history();
@@ -147,14 +148,14 @@ public:
 
     void add(const char *line)
     {
-        const HIST_ENTRY *last = history_length == 0 ? nullptr
-                                                     : history_get(history_base + history_length - 1);
+        const HIST_ENTRY *last =
+            history_length == 0 ? nullptr : history_get(history_base + history_length - 1);
         if (last == nullptr || std::strcmp(last->line, line) != 0) {
             add_history(line);
         }
     }
 
-private:
+  private:
     std::filesystem::path path_;
 };
 
@@ -162,7 +163,7 @@ volatile std::sig_atomic_t g_interrupted = 0;
 
 // Ctrl-C while a line is being typed throws the line away, not the tool.
 class InterruptGuard {
-public:
+  public:
     InterruptGuard()
     {
         struct sigaction action = {};
@@ -170,11 +171,14 @@ public:
         ::sigaction(SIGINT, &action, &old_);
         rl_signal_event_hook = forget_line;
     }
-    ~InterruptGuard() { ::sigaction(SIGINT, &old_, nullptr); }
+    ~InterruptGuard()
+    {
+        ::sigaction(SIGINT, &old_, nullptr);
+    }
     InterruptGuard(const InterruptGuard &) = delete;
     InterruptGuard &operator=(const InterruptGuard &) = delete;
 
-private:
+  private:
     static int forget_line()
     {
         if (g_interrupted != 0) {
@@ -252,7 +256,8 @@ void run_prompt(Backend &backend, ConsoleOutput &output)
             if (run_line(backend, line.get(), output) == Answer::leave) {
                 return;
             }
-        } catch (const Error &error) {
+        }
+        catch (const Error &error) {
             output.tell(std::string("ldsdk: ") + error.what());
         }
     }

@@ -3,9 +3,9 @@
 #include "tools/ldsdk/error.h"
 #include "tools/ldsdk/fd.h"
 
+#include <fcntl.h>
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
 #include <optional>
 #include <string_view>
 
@@ -15,7 +15,7 @@ namespace {
 
 // Lines of a file descriptor.
 class LineReader {
-public:
+  public:
     LineReader(int fd, const std::string &name, ConsoleOutput &output)
         : fd_(fd), name_(name), output_(output)
     {
@@ -44,7 +44,7 @@ public:
         return last;
     }
 
-private:
+  private:
     static constexpr size_t kPiece = 64 * 1024;
 
     // False at the end. Shows what was printed so far: whoever feeds us may wait for it.
@@ -84,7 +84,8 @@ void run_script(Backend &backend, const std::string &file, bool echo, ConsoleOut
     }
     LineReader reader(from_stdin ? STDIN_FILENO : fd.get(), file, output);
     Words words;
-    for (uint64_t number = 1; const std::optional<std::string_view> line = reader.next(); number++) {
+    for (uint64_t number = 1; const std::optional<std::string_view> line = reader.next();
+         number++) {
         try {
             if (echo && !line->empty()) {
                 const bool comment = line->starts_with('#');
@@ -93,7 +94,8 @@ void run_script(Backend &backend, const std::string &file, bool echo, ConsoleOut
             }
             split_line(*line, words);
             run_command(backend, words, output);
-        } catch (const Error &error) {
+        }
+        catch (const Error &error) {
             throw failed(file + ":" + std::to_string(number) + ": " + error.what());
         }
         output.check();

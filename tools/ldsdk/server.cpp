@@ -7,15 +7,15 @@
 #include "tools/ldsdk/socket_client.h"
 #include "tools/ldsdk/spin.h"
 
+#include <poll.h>
+#include <sys/signalfd.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <list>
-#include <poll.h>
-#include <sys/signalfd.h>
-#include <sys/socket.h>
-#include <sys/stat.h>
 
 namespace ldsdk::tool {
 
@@ -28,21 +28,21 @@ constexpr size_t kMaxClients = 64;
 
 // Puts what a request prints into output frames.
 class ReplyOutput : public Output {
-public:
+  public:
     explicit ReplyOutput(std::string &reply) : reply_(reply) {}
 
-protected:
+  protected:
     void pass_on(std::string_view text) noexcept override
     {
         append_frame(reply_, FrameKind::kOutput, text);
     }
 
-private:
+  private:
     std::string &reply_;
 };
 
 class Client {
-public:
+  public:
     Client(Fd fd, InProcess &module) : fd_(std::move(fd)), module_(module), reader_(kMaxRequest) {}
 
     pollfd wanted() const
@@ -64,7 +64,7 @@ public:
         return send();
     }
 
-private:
+  private:
     bool receive()
     {
         const std::span<char> room = reader_.room(kReceiveSize);
@@ -85,7 +85,8 @@ private:
                 answer(*frame);
             }
             return frame.has_value();
-        } catch (const FrameTooLong &error) {
+        }
+        catch (const FrameTooLong &error) {
             refuse("a request of " + std::to_string(error.length) + " bytes; expected at most " +
                    std::to_string(kMaxRequest));
             closing_ = true;
@@ -100,7 +101,8 @@ private:
             run(frame, output);
             output.flush();
             append_status(unsent_, kExitOk);
-        } catch (const Error &error) {
+        }
+        catch (const Error &error) {
             output.flush();
             refuse(error.what(), static_cast<uint32_t>(error.exit_status()));
         }
@@ -169,7 +171,7 @@ private:
 
 // A listening socket that is taken out of the file system again.
 class Listener {
-public:
+  public:
     explicit Listener(const std::string &path) : path_(path)
     {
         const sockaddr_un address = socket_address(path);
@@ -201,11 +203,17 @@ public:
     Listener(const Listener &) = delete;
     Listener &operator=(const Listener &) = delete;
 
-    int fd() const { return fd_.get(); }
+    int fd() const
+    {
+        return fd_.get();
+    }
 
-    Fd accept() const { return Fd(::accept4(fd_.get(), nullptr, nullptr, SOCK_CLOEXEC)); }
+    Fd accept() const
+    {
+        return Fd(::accept4(fd_.get(), nullptr, nullptr, SOCK_CLOEXEC));
+    }
 
-private:
+  private:
     // A socket file that a server left behind when it was killed.
     void remove_dead(const sockaddr_un &address)
     {
@@ -214,8 +222,8 @@ private:
             return;
         }
         const Fd probe(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-        if (::connect(probe.get(), reinterpret_cast<const sockaddr *>(&address),
-                      sizeof address) != 0 &&
+        if (::connect(probe.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) !=
+                0 &&
             errno == ECONNREFUSED) {
             ::unlink(path_.c_str());
         }
@@ -276,8 +284,8 @@ void serve(const std::string &socket_path)
         size_t at = 2;
         for (auto client = clients.begin(); client != clients.end(); at++) {
             const short events = polled[at].revents;
-            client = events == 0 || client->handle(events) ? std::next(client)
-                                                           : clients.erase(client);
+            client =
+                events == 0 || client->handle(events) ? std::next(client) : clients.erase(client);
         }
         if (polled[1].revents != 0) {
             if (Fd fd = listener.accept(); fd.valid()) {

@@ -3,9 +3,9 @@
 #include "tools/ldsdk/error.h"
 #include "tools/ldsdk/spin.h"
 
+#include <sys/socket.h>
 #include <cerrno>
 #include <cstring>
-#include <sys/socket.h>
 
 namespace ldsdk::tool {
 
@@ -16,17 +16,20 @@ constexpr size_t kMaxAnswer = 1024 * 1024;
 
 // Keeps what it is given.
 class TextOutput : public Output {
-public:
+  public:
     std::string take()
     {
         flush();
         return std::move(text_);
     }
 
-protected:
-    void pass_on(std::string_view text) noexcept override { text_.append(text); }
+  protected:
+    void pass_on(std::string_view text) noexcept override
+    {
+        text_.append(text);
+    }
 
-private:
+  private:
     std::string text_;
 };
 
@@ -154,7 +157,8 @@ Frame SocketClient::receive()
             }
             reader_.received(done < 0 ? 0 : static_cast<size_t>(done));
         }
-    } catch (const FrameTooLong &) {
+    }
+    catch (const FrameTooLong &) {
         throw failed(name_ + ": an answer that is none of `ldsdk serve`");
     }
 }

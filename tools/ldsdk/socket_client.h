@@ -13,14 +13,14 @@ namespace ldsdk::tool {
 sockaddr_un socket_address(const std::string &path);
 
 class SocketClient : public Backend {
-public:
+  public:
     explicit SocketClient(const std::string &path);
 
     void device(const CommandBuffer &buffer, Output &output) override;
     void chip(std::span<const std::string> words, Output &output) override;
     std::vector<NextWord> next_words(std::span<const std::string> path) override;
 
-private:
+  private:
     // Sends a request and passes its output on. Throws what the server answers, and what the
     // connection meets.
     void call(FrameKind kind, std::string_view body, Output &output);

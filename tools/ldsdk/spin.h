@@ -1,8 +1,8 @@
 // Waiting a little before going to sleep: an answer mostly comes sooner than a sleeper wakes up.
 #pragma once
 
-#include <chrono>
 #include <sched.h>
+#include <chrono>
 
 namespace ldsdk::tool {
 

@@ -1,0 +1,441 @@
+#include "sdk/cpuchan/message.h"
+
+#include "sdk/access/regtable.h"
+#include "sdk/cpuchan/inband.h"
+#include "sdk/frame/registry.h"
+#include "sdk/frame/service.h"
+#include "sdk/frame/text.h"
+#include "sdk/frame/trace.h"
+
+// message type, subtype, channel, body, first option
+constexpr NpCputrMsgDesc g_astNpCputrMsg[NP_MSG_NUM] = {
+    {1, 0, 252, 4, 1},  // PTP, four channels
+    {1, 1, 1, 12, 0},   // normal age
+    {1, 2, 2, 8, 0},    // anti-DoS
+    {1, 3, 10, 4, 0},   // OAM age, seven channels
+    {1, 4, 3, 4, 0},    // OAM transmit, seven channels
+    {1, 5, 18, 4, 0},   // CAR refresh
+    {1, 6, 17, 4, 0},   // IP-QAM transmit
+    {1, 7, 19, 44, 0},  // heartbeat
+    {0, 4, 0, 8, 0},    // force age
+    {0, 8, 0, 16, 0},   // dynamic learn
+};
+
+namespace {
+
+inline constexpr uint32_t NP_TICKS_PER_MS = 10;
+inline constexpr uint32_t NP_AGE_TICKS = 10000;
+inline constexpr uint32_t NP_ANTI_DOS_TICKS = 10000;
+inline constexpr uint32_t NP_ANTI_DOS_TIME_NUM = 839;  // times that fit, in seconds
+inline constexpr uint32_t NP_AGE_NUMBER = 65535;
+inline constexpr uint32_t NP_IPQAM_LAST_SESSION = 255;
+inline constexpr uint32_t NP_WALK_STEP = 8;  // entries that one index of a walk covers
+inline constexpr uint32_t NP_PTP_CHANNEL_NUM = 4;
+inline constexpr uint32_t NP_OAM_PERIOD_NUM = 7;
+
+// Ticks of a period code, from code 1 on; the age message comes twice in a transmit interval.
+constexpr uint32_t g_aulOamTxTicks[NP_OAM_PERIOD_NUM] = {33,     100,    1000,   10000,
+                                                         100000, 600000, 6000000};
+constexpr uint32_t g_aulOamAgeTicks[NP_OAM_PERIOD_NUM] = {16,    50,     500,    5000,
+                                                          50000, 300000, 3000000};
+constexpr uint32_t g_aulPtpTicks[NP_PTP_CHANNEL_NUM] = {10, 10, 10000, 10000};
+
+// The global row keeps the status that entries get while the sweep runs.
+inline constexpr uint32_t NP_GLOBAL_TABLE = 1;
+inline constexpr uint32_t NP_GLOBAL_WORDS = 4;
+inline constexpr uint32_t NP_AGE_CLASS_BIT = 28;  // of word 0
+
+// Kinds of a force age's flow, and what the selection becomes: bits of the bitmap.
+inline constexpr uint32_t NP_AGE_BY_CLASS = 64;
+inline constexpr uint32_t NP_AGE_BY_VSI = 16;
+inline constexpr uint32_t NP_AGE_BY_VLAN = 4;
+
+struct NpForceKind {
+    uint32_t ulBit;   // in the bitmap; the first row whose bit is set decides
+    uint32_t ulFlow;  // set in flowid
+    uint32_t ulSet;   // set in mask
+    uint32_t ulKeep;  // then kept of it
+};
+constexpr NpForceKind g_astForceKind[] = {
+    {1, 0, 0, 0x55},        // flow
+    {2, 0x4000, 1, 0x55},   // bundle
+    {8, 0x6000, 1, 0x55},   // CM group
+    {32, 0, 0x100, 0x154},  // a flow identifier, marked apart
+};
+
+// Header fields that every wide record has.
+#define NP_MSG_HEAD(Record)                                                                 \
+    NP_INBAND(Record, msgtype, 0, 29, 3), NP_INBAND(Record, subtype, 0, 24, 5),             \
+        NP_INBAND(Record, interval, 0, 0, 8), NP_INBAND(Record, startsessionid, 1, 16, 16), \
+        NP_INBAND(Record, endsessionid, 1, 0, 16)
+
+constexpr NpInbandField g_astTimedHead[] = {NP_MSG_HEAD(NpMsgTimedInfo)};
+constexpr NpInbandField g_astAntiDosHead[] = {NP_MSG_HEAD(NpMsgAntiDosInfo),
+                                              NP_INBAND(NpMsgAntiDosInfo, ack, 0, 23, 1)};
+constexpr NpInbandField g_astNormalAgeHead[] = {NP_MSG_HEAD(ArlAgeInfo),
+                                                NP_INBAND(ArlAgeInfo, ack, 0, 23, 1)};
+constexpr NpInbandField g_astForceAgeHead[] = {NP_MSG_HEAD(ArlAgeInfo),
+                                               NP_INBAND(ArlAgeInfo, ack, 0, 23, 1),
+                                               NP_INBAND(ArlAgeInfo, class_, 0, 8, 2)};
+constexpr NpInbandField g_astTimedBody[] = {NP_INBAND(NpMsgTimedInfo, period, 0, 24, 8)};
+constexpr NpInbandField g_astNormalAgeBody[] = {NP_INBAND(ArlAgeInfo, number, 1, 0, 16),
+                                                NP_INBAND(ArlAgeInfo, threshold, 2, 0, 32)};
+constexpr NpInbandField g_astForceAgeBody[] = {
+    NP_INBAND(ArlAgeInfo, mask, 0, 16, 16), NP_INBAND(ArlAgeInfo, flowid, 0, 0, 16),
+    NP_INBAND(ArlAgeInfo, vsi, 1, 28, 4), NP_INBAND(ArlAgeInfo, vlanid, 1, 16, 12),
+    NP_INBAND(ArlAgeInfo, number, 1, 0, 16)};
+static_assert(Np_InbandIsSound(g_astTimedHead, 2) && Np_InbandIsSound(g_astAntiDosHead, 2) &&
+              Np_InbandIsSound(g_astNormalAgeHead, 2) && Np_InbandIsSound(g_astForceAgeHead, 2) &&
+              Np_InbandIsSound(g_astTimedBody, 1) && Np_InbandIsSound(g_astNormalAgeBody, 3) &&
+              Np_InbandIsSound(g_astForceAgeBody, 2));
+
+constexpr NpInbandFormat NP_NO_FIELDS = {nullptr, 0};
+
+// A message while it is built: the driver's record and the body that it points to.
+struct NpMsgFrame {
+    QdCputrSendPkt stPkt;
+    uint32_t aulBody[NP_MSG_BODY_MAX / sizeof(uint32_t)];
+};
+
+void Np_MsgBuild(NpMsgFrame *pstFrame, NpCputrMsg enMsg, const void *pvInfo,
+                 const NpInbandFormat &stHead, const NpInbandFormat &stBody)
+{
+    memset(pstFrame, 0, sizeof(*pstFrame));
+    Np_InbandPack(stHead, pvInfo, pstFrame->stPkt.aulHead);
+    Np_InbandPack(stBody, pvInfo, pstFrame->aulBody);
+    for (uint32_t &ulWord : pstFrame->aulBody) {
+        ulWord = __builtin_bswap32(ulWord);  // to network order
+    }
+    pstFrame->stPkt.ulLen = g_astNpCputrMsg[enMsg].ucBodyLen;
+    pstFrame->stPkt.pucData = reinterpret_cast<const uint8_t *>(pstFrame->aulBody);
+}
+
+// What every sender makes of its last step.
+uint32_t Np_MsgResult(uint32_t ulReturn, const char *pszFunc)
+{
+    if (ulReturn != NP_OK) {
+        NP_TRACE_AS(pszFunc, NP_M_CPUTRMSG, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n",
+                    ulReturn);
+    }
+    return ulReturn;
+}
+
+uint32_t Np_MsgStart(uint32_t ulChipID, NpCputrMsg enMsg, uint32_t ulChannel, uint32_t ulTicks,
+                     const NpMsgFrame *pstFrame, const char *pszFunc)
+{
+    const QdCputrAutoInfo stAutoInfo = {ulTicks - 1, g_astNpCputrMsg[enMsg].ucOption0, 0};
+    return Np_MsgResult(
+        NP_tarn_CputrMsg_AutoSend(ulChipID, ulChannel, &stAutoInfo, &pstFrame->stPkt), pszFunc);
+}
+
+uint32_t Np_MsgStop(uint32_t ulChipID, uint32_t ulChannel, const char *pszFunc)
+{
+    return Np_MsgResult(NP_tarn_CputrMsg_AutoSendInfoDel(ulChipID, ulChannel), pszFunc);
+}
+
+// Type and channel of a message in a wide record.
+template <typename Info>
+void Np_MsgInfoStart(Info *pstInfo, NpCputrMsg enMsg, uint32_t ulIndex)
+{
+    *pstInfo = {};
+    pstInfo->channelid = g_astNpCputrMsg[enMsg].ucChannel + ulIndex;
+    pstInfo->msgtype = g_astNpCputrMsg[enMsg].ucMsgType;
+    pstInfo->subtype = g_astNpCputrMsg[enMsg].ucSubType;
+}
+
+uint32_t Np_MsgNull(const void *pvA, const void *pvB, const char *pszFunc)
+{
+    if (pvA == nullptr || pvB == nullptr) {
+        NP_TRACE_AS(pszFunc, NP_M_CPUTRMSG, NP_PRINT_ERROR, "Para null ptr\r\n");
+        return NP_ERR_NULL_PTR;
+    }
+    return NP_OK;
+}
+
+// Last index of a walk over both MAC tables.
+uint32_t Np_AgeLastSession(void)
+{
+    return (Np_GLB_CapGet(NP_CAP_ARL_TABLE_SIZE) + Np_GLB_CapGet(NP_CAP_LAN_MAC_TABLE_SIZE)) /
+               NP_WALK_STEP -
+           1;
+}
+
+// Puts the age class into the global row, where the microcode takes it from.
+uint32_t Np_AgeClassSet(uint32_t ulChipID, uint32_t ulAgeClass, const char *pszFunc)
+{
+    uint32_t aulRow[NP_GLOBAL_WORDS] = {};
+    uint32_t ulReturn = Np_RegTableRead(ulChipID, NP_GLOBAL_TABLE, 0, aulRow);
+    if (ulReturn != NP_OK) {
+        NP_TRACE_AS(pszFunc, NP_M_CPUTRMSG, NP_PRINT_ERROR,
+                    "Read error return:0x%08x  ID:0x%08x Offset:0x%08x\r\n", ulReturn,
+                    NP_GLOBAL_TABLE, 0u);
+        return ulReturn;
+    }
+    aulRow[0] = (aulRow[0] & ((1u << NP_AGE_CLASS_BIT) - 1)) | ulAgeClass << NP_AGE_CLASS_BIT;
+    ulReturn = Np_RegTableWrite(ulChipID, NP_GLOBAL_TABLE, 0, aulRow);
+    if (ulReturn != NP_OK) {
+        NP_TRACE_AS(pszFunc, NP_M_CPUTRMSG, NP_PRINT_ERROR,
+                    "Write error return:0x%08x ID:0x%08x Offset:0x%08x\r\n", ulReturn,
+                    NP_GLOBAL_TABLE, 0u);
+    }
+    return ulReturn;
+}
+
+uint32_t Np_OamInfoBuild(NpCputrMsg enMsg, uint32_t ulFirst, const NpOamTimedMsg *pstTimedMsg,
+                         NpMsgTimedInfo *pstInfo, const char *pszFunc)
+{
+    const uint32_t ulReturn = Np_MsgNull(pstTimedMsg, pstInfo, pszFunc);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    Np_MsgInfoStart(pstInfo, enMsg, pstTimedMsg->ulPeriod - 1);
+    pstInfo->ulMsgEnable = pstTimedMsg->ulMsgEnable;
+    pstInfo->startsessionid = ulFirst;
+    pstInfo->endsessionid = Np_GLB_CapGet(NP_CAP_OAM_MEP_ROWS) - 1;
+    pstInfo->period = pstTimedMsg->ulPeriod;
+    return NP_OK;
+}
+
+// Starts a timed record's message with a period in ticks, or stops it.
+uint32_t Np_TimedInfoSet(uint32_t ulChipID, NpCputrMsg enMsg, const NpMsgTimedInfo *pstInfo,
+                         uint32_t ulTicks, const char *pszFunc)
+{
+    if (pstInfo->ulMsgEnable == 0) {
+        return Np_MsgStop(ulChipID, pstInfo->channelid, pszFunc);
+    }
+    NpMsgFrame stFrame;
+    Np_MsgBuild(&stFrame, enMsg, pstInfo, Np_InbandFormat(g_astTimedHead),
+                Np_InbandFormat(g_astTimedBody));
+    return Np_MsgStart(ulChipID, enMsg, pstInfo->channelid, ulTicks, &stFrame, pszFunc);
+}
+
+uint32_t Np_OamInfoSet(uint32_t ulChipID, NpCputrMsg enMsg, const NpMsgTimedInfo *pstInfo,
+                       const uint32_t (&aulTicks)[NP_OAM_PERIOD_NUM], const char *pszRecord,
+                       const char *pszFunc)
+{
+    const uint32_t ulReturn = Np_MsgNull(pstInfo, pstInfo, pszFunc);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    const uint32_t ulIndex = pstInfo->period - 1;  // 0 wraps, and is refused with the rest
+    if (ulIndex >= NP_OAM_PERIOD_NUM) {
+        NP_TRACE_AS(pszFunc, NP_M_CPUTRMSG, NP_PRINT_ERROR, "param error! %s->ulPeriod=0x%08x\r\n",
+                    pszRecord, pstInfo->period);
+        return NP_ERR_PARAM;
+    }
+    return Np_TimedInfoSet(ulChipID, enMsg, pstInfo, aulTicks[ulIndex], pszFunc);
+}
+
+}  // namespace
+
+uint32_t Np_Tarn_CputrMsg_NormalAgeInfoBuild(uint32_t, const NpNormalAge *pstNormalAge,
+                                             ArlAgeInfo *pstArlAgeInfo)
+{
+    const uint32_t ulReturn = Np_MsgNull(pstNormalAge, pstArlAgeInfo, __func__);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    const uint32_t ulAgeTime = pstNormalAge->ulAgeTime;
+    Np_MsgInfoStart(pstArlAgeInfo, NP_MSG_NORMAL_AGE, 0);
+    pstArlAgeInfo->agen = ulAgeTime == 0 ? 0 : pstNormalAge->ulAgeEnable;
+    pstArlAgeInfo->ageclass = ulAgeTime <= 3 ? ulAgeTime + 1 : 5;
+    pstArlAgeInfo->basetime = NP_AGE_TICKS;
+    pstArlAgeInfo->endsessionid = Np_AgeLastSession();
+    pstArlAgeInfo->number = NP_AGE_NUMBER;
+    pstArlAgeInfo->threshold = ulAgeTime >> 2;
+    return NP_OK;
+}
+
+uint32_t Np_Tarn_CputrMsg_NormalAgeInfoSet(uint32_t ulChipID, const ArlAgeInfo *pstArlAgeInfo)
+{
+    uint32_t ulReturn = Np_MsgNull(pstArlAgeInfo, pstArlAgeInfo, __func__);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    if (pstArlAgeInfo->agen == 0) {
+        return Np_MsgStop(ulChipID, pstArlAgeInfo->channelid, __func__);
+    }
+    ulReturn = Np_AgeClassSet(ulChipID, pstArlAgeInfo->ageclass, __func__);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    NpMsgFrame stFrame;
+    Np_MsgBuild(&stFrame, NP_MSG_NORMAL_AGE, pstArlAgeInfo, Np_InbandFormat(g_astNormalAgeHead),
+                Np_InbandFormat(g_astNormalAgeBody));
+    return Np_MsgStart(ulChipID, NP_MSG_NORMAL_AGE, pstArlAgeInfo->channelid,
+                       pstArlAgeInfo->basetime, &stFrame, __func__);
+}
+
+uint32_t Np_Tarn_CputrMsg_ForceAgeInfoBuild(uint32_t, const NpForceAge *pstForceAge,
+                                            ArlAgeInfo *pstArlAgeInfo)
+{
+    const uint32_t ulReturn = Np_MsgNull(pstForceAge, pstArlAgeInfo, __func__);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    const uint32_t ulBitmap = pstForceAge->ulForceAgeIDBitmap;
+    const uint32_t ulID = pstForceAge->ulForceAgeID;
+    Np_MsgInfoStart(pstArlAgeInfo, NP_MSG_FORCE_AGE, 0);
+    pstArlAgeInfo->number = NP_AGE_NUMBER;
+    pstArlAgeInfo->mask = ulBitmap;
+    pstArlAgeInfo->endsessionid = Np_AgeLastSession();
+    pstArlAgeInfo->class_ = (ulBitmap & NP_AGE_BY_CLASS) != 0 ? ulID : 0;
+    pstArlAgeInfo->vsi = (ulBitmap & NP_AGE_BY_VSI) != 0 ? ulID : 0;
+    pstArlAgeInfo->vlanid = (ulBitmap & NP_AGE_BY_VLAN) != 0 ? ulID : 0;
+    for (const NpForceKind &stKind : g_astForceKind) {
+        if ((ulBitmap & stKind.ulBit) != 0) {
+            pstArlAgeInfo->flowid = ulID | stKind.ulFlow;
+            pstArlAgeInfo->mask = (ulBitmap | stKind.ulSet) & stKind.ulKeep;
+            break;
+        }
+    }
+    return NP_OK;
+}
+
+uint32_t Np_Tarn_CputrMsg_ForceAgeInfoSet(uint32_t ulChipID, const ArlAgeInfo *pstArlAgeInfo)
+{
+    const uint32_t ulReturn = Np_MsgNull(pstArlAgeInfo, pstArlAgeInfo, __func__);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    NpMsgFrame stFrame;
+    Np_MsgBuild(&stFrame, NP_MSG_FORCE_AGE, pstArlAgeInfo, Np_InbandFormat(g_astForceAgeHead),
+                Np_InbandFormat(g_astForceAgeBody));
+    return Np_MsgResult(Qd_CPUTR_PacketSend(ulChipID, &stFrame.stPkt), __func__);
+}
+
+uint32_t Np_Tarn_CputrMsg_DynamicArlLrnInfoSet(uint32_t ulChipID, uint8_t *pucItem)
+{
+    const uint32_t ulReturn = Np_MsgNull(pucItem, pucItem, __func__);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    const NpCputrMsgDesc &stMsg = g_astNpCputrMsg[NP_MSG_DYNAMIC_LRN];
+    for (uint32_t i = 0; i < stMsg.ucBodyLen / 2u; i++) {
+        const uint8_t ucByte = pucItem[i];
+        pucItem[i] = pucItem[stMsg.ucBodyLen - 1 - i];
+        pucItem[stMsg.ucBodyLen - 1 - i] = ucByte;
+    }
+    NpMsgTimedInfo stInfo;
+    Np_MsgInfoStart(&stInfo, NP_MSG_DYNAMIC_LRN, 0);
+    QdCputrSendPkt stPkt = {{0, 0}, stMsg.ucBodyLen, pucItem};
+    Np_InbandPack(Np_InbandFormat(g_astTimedHead), &stInfo, stPkt.aulHead);
+    return Np_MsgResult(Qd_CPUTR_PacketSend(ulChipID, &stPkt), __func__);
+}
+
+uint32_t Np_Tarn_CputrMsg_AntiDosRefresh(uint32_t ulChipID, uint32_t ulAntiDosTime)
+{
+    if (ulAntiDosTime >= NP_ANTI_DOS_TIME_NUM) {
+        NP_TRACE(NP_M_CPUTRMSG, NP_PRINT_ERROR, "param error! (ulAntiDosTime)=0x%08x\r\n",
+                 ulAntiDosTime);
+        return NP_ERR_PARAM;
+    }
+    NpMsgAntiDosInfo stInfo;
+    Np_MsgInfoStart(&stInfo, NP_MSG_ANTI_DOS, 0);
+    stInfo.period = NP_ANTI_DOS_TICKS * ulAntiDosTime;
+    stInfo.endsessionid = Np_GLB_CapGet(NP_CAP_USER_ID_MAX);
+    return Np_Tarn_CputrMsg_AntiDosInfoSet(ulChipID, &stInfo);
+}
+
+uint32_t Np_Tarn_CputrMsg_AntiDosInfoSet(uint32_t ulChipID, const NpMsgAntiDosInfo *pstInfo)
+{
+    const uint32_t ulReturn = Np_MsgNull(pstInfo, pstInfo, __func__);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    if (pstInfo->period == 0) {
+        return Np_MsgStop(ulChipID, pstInfo->channelid, __func__);
+    }
+    NpMsgFrame stFrame;
+    Np_MsgBuild(&stFrame, NP_MSG_ANTI_DOS, pstInfo, Np_InbandFormat(g_astAntiDosHead),
+                NP_NO_FIELDS);
+    return Np_MsgStart(ulChipID, NP_MSG_ANTI_DOS, pstInfo->channelid, pstInfo->period, &stFrame,
+                       __func__);
+}
+
+uint32_t Np_Tarn_CputrMsg_OamTxTimedMsgInfoBuild(uint32_t, const NpOamTimedMsg *pstOamTxTimedMsg,
+                                                 NpMsgTimedInfo *pstInfo)
+{
+    // The walk begins at the period's row of the list heads.
+    const uint32_t ulFirst = pstOamTxTimedMsg == nullptr ? 0 : pstOamTxTimedMsg->ulPeriod - 1;
+    return Np_OamInfoBuild(NP_MSG_OAM_TX, ulFirst, pstOamTxTimedMsg, pstInfo, __func__);
+}
+
+uint32_t Np_Tarn_CputrMsg_OamTxTimedMsgInfoSet(uint32_t ulChipID, const NpMsgTimedInfo *pstInfo)
+{
+    return Np_OamInfoSet(ulChipID, NP_MSG_OAM_TX, pstInfo, g_aulOamTxTicks, "pstOamTxTimedMsg",
+                         __func__);
+}
+
+uint32_t Np_Tarn_CputrMsg_OamAgeTimedMsgInfoBuild(uint32_t, const NpOamTimedMsg *pstOamAgeTimedMsg,
+                                                  NpMsgTimedInfo *pstInfo)
+{
+    return Np_OamInfoBuild(NP_MSG_OAM_AGE, 0, pstOamAgeTimedMsg, pstInfo, __func__);
+}
+
+uint32_t Np_Tarn_CputrMsg_OamAgeTimedMsgInfoSet(uint32_t ulChipID, const NpMsgTimedInfo *pstInfo)
+{
+    return Np_OamInfoSet(ulChipID, NP_MSG_OAM_AGE, pstInfo, g_aulOamAgeTicks, "pstOamAgeTimedMsg",
+                         __func__);
+}
+
+uint32_t Np_Tarn_CputrMsg_IpqamTxTimedMsgInfoBuild(uint32_t,
+                                                   const NpIpQamTimedMsg *pstIpQamTimedMsg,
+                                                   NpMsgTimedInfo *pstInfo)
+{
+    const uint32_t ulReturn = Np_MsgNull(pstIpQamTimedMsg, pstInfo, __func__);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    Np_MsgInfoStart(pstInfo, NP_MSG_IPQAM_TX, 0);
+    pstInfo->ulMsgEnable = pstIpQamTimedMsg->enable;
+    pstInfo->startsessionid = pstIpQamTimedMsg->session;
+    pstInfo->endsessionid = NP_IPQAM_LAST_SESSION;
+    pstInfo->period = pstIpQamTimedMsg->agetime * NP_TICKS_PER_MS;
+    return NP_OK;
+}
+
+uint32_t Np_Tarn_CputrMsg_IpqamTxTimedMsgInfoSet(uint32_t ulChipID, const NpMsgTimedInfo *pstInfo)
+{
+    const uint32_t ulReturn = Np_MsgNull(pstInfo, pstInfo, __func__);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    return Np_TimedInfoSet(ulChipID, NP_MSG_IPQAM_TX, pstInfo, pstInfo->period, __func__);
+}
+
+uint32_t Np_Tarn_CarRefresh_Msg(uint32_t ulChipID, uint32_t ulEnable, uint32_t ulPeriod)
+{
+    if (ulEnable >= 2) {
+        NP_TRACE(NP_M_CPUTRMSG, NP_PRINT_ERROR, "enable Para error: 0x%08x \r\n", ulEnable);
+        return NP_ERR_PARAM;
+    }
+    NpMsgTimedInfo stInfo;
+    Np_MsgInfoStart(&stInfo, NP_MSG_CAR_REFRESH, 0);
+    if (ulEnable == 0 || ulPeriod == 0) {
+        return Np_MsgStop(ulChipID, stInfo.channelid, __func__);
+    }
+    NpMsgFrame stFrame;
+    Np_MsgBuild(&stFrame, NP_MSG_CAR_REFRESH, &stInfo, Np_InbandFormat(g_astTimedHead),
+                NP_NO_FIELDS);
+    return Np_MsgStart(ulChipID, NP_MSG_CAR_REFRESH, stInfo.channelid, ulPeriod * NP_TICKS_PER_MS,
+                       &stFrame, __func__);
+}
+
+uint32_t Np_Tarn_CputrMsg_1588PtpPktMsgInfoSet(uint32_t ulChipID, uint32_t ulEnable)
+{
+    NpMsgTimedInfo stInfo;
+    Np_MsgInfoStart(&stInfo, NP_MSG_PTP, 0);
+    NpMsgFrame stFrame;
+    Np_MsgBuild(&stFrame, NP_MSG_PTP, &stInfo, Np_InbandFormat(g_astTimedHead), NP_NO_FIELDS);
+    for (uint32_t i = 0; i < NP_PTP_CHANNEL_NUM; i++) {
+        const uint32_t ulChannel = stInfo.channelid + i;
+        const uint32_t ulReturn = ulEnable == 0 ? Np_MsgStop(ulChipID, ulChannel, __func__)
+                                                : Np_MsgStart(ulChipID, NP_MSG_PTP, ulChannel,
+                                                              g_aulPtpTicks[i], &stFrame, __func__);
+        if (ulReturn != NP_OK) {
+            return ulReturn;
+        }
+    }
+    return NP_OK;
+}

@@ -1,0 +1,35 @@
+// What the commands take, for whoever wants to tell a person: completion, "?", the reference page.
+#pragma once
+
+#include "sdk/module/cli.h"
+#include "sdk/record/param.h"
+
+#include <cstdint>
+
+// How the words behind a command go.
+enum NpSmdForm : uint32_t {
+    NP_FORM_UNKNOWN,  // nothing is known of its parameters
+    NP_FORM_GET,      // keys; prints what they select
+    NP_FORM_SET,      // keys, then pairs of name and value in order, each of which may be left out
+    NP_FORM_LARGE,    // keys, then pairs in any order up to "end"
+    NP_FORM_PAIRS,    // pairs of name and value in order, none left out
+    NP_FORM_VALUES,   // values alone, in order
+};
+
+struct NpSmdParam {
+    NpSmdKeyItem stItem;          // name, type, range as unsigned numbers, number in the menu
+    const NpSmdKeyEnum *pstEnum;  // value words
+    uint32_t ulEnumNum;
+    uint32_t bKey;      // selects what the command works on: comes first, must be there
+    uint32_t ulRun;     // so many parameters from here on differ in their number only
+    const char *pszOf;  // the parameter behind whose value it is read, or null
+    uint32_t ulOfMask;  // bit v: read if that one has the value v
+};
+
+extern "C" {
+
+NpSmdForm Np_SMD_CommandForm(NpCliHandler pfnHandler);
+// Parameter ulIndex of a command, keys first. 0, or 1 if there are no more.
+uint32_t Np_SMD_CommandParam(NpCliHandler pfnHandler, uint32_t ulIndex, NpSmdParam *pstParam);
+
+}  // extern "C"

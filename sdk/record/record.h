@@ -1,0 +1,222 @@
+// A row of a table, described once as constant data: where each field stands in the caller's record
+// and in the row's image, what it may hold, what a bad value prints, and how the command line calls
+// it. The engines below read the description; so do the commands (sdk/module/smd_row.h), the
+// reference page and the tests. docs/adding-a-table.md walks through one row.
+//
+//     // sdk/record/describe.h has what a description is written with.
+//     namespace stp_row {
+//     using R = NpIstp;                                  // the caller's record
+//     constexpr auto g_astStatusWords = Np_Words("forwarding", "blocking", "learning", "disable");
+//     constexpr NpField g_astField[] = {
+//         NP_F_EACH(astStatus, ulStatus, .stAt = {0, 1, 0}, .sStep = 2, .stWords =
+//         g_astStatusWords),
+//     };
+//     constexpr NpCheck g_astCheck[] = {                 // in the order of the tests
+//         NP_C_EACH(astStatus, ulStatus, Np_Most(3), .pszText = "astStatus[ulI].ulStatus"),
+//     };
+//     }
+//     constexpr NpRow g_stIstpRow = Np_RowMake<NpIstp>(
+//         {.ucModule = NP_M_VLAN, .pszArg = "pstIstp", .usImageSize = 4}, stp_row::g_astField,
+//         stp_row::g_astCheck);
+//
+// A description whose pieces overlap, leave the image or the record, or are narrower than what they
+// must hold does not compile; see NpRowFault. The order of the fields is the order of the command's
+// parameters and of the trace; a field that selects others stands before them.
+//
+// An image is a buffer of bytes, lowest bit first: bit b of the image is bit b % 8 of byte b / 8,
+// so that a value that crosses bytes is little-endian. Buffers have a whole number of 32-bit words,
+// and their length is the image's rounded up to that.
+#pragma once
+
+#include "ldsdk/types.h"
+#include "sdk/frame/capability.h"
+#include "sdk/record/param.h"
+
+#include <cstdint>
+
+// Where a value stands in an image. usByte and the bits as data sheets write them; the high bit may
+// lie past bit 7, so that {4, 16, 14} is bits 16:14 of the word at byte 4.
+struct NpAt {
+    uint16_t usByte;
+    uint8_t ucHigh;
+    uint8_t ucLow;
+};
+
+// A field that is there only while another, an enumeration, has one of some values.
+struct NpWhen {
+    uint16_t usOffset;  // of the other in the record, 32 bits wide
+    uint32_t ulMask;    // bit v: there for value v; 0: always there
+};
+
+// A field that stands in the image in another form than in the record, such as a port that is
+// stored by its phy id. Both give 0 or a status code, which ends the build or the parse after the
+// message (a format of that code) was traced.
+struct NpCoding {
+    uint32_t (*pfnEncode)(uint32_t ulChipID, const void *pvField, uint32_t *pulStored);
+    uint32_t (*pfnDecode)(uint32_t ulChipID, uint32_t ulStored, void *pvField);
+    const char *pszEncodeError;
+    const char *pszDecodeError;
+    bool bOneWay;  // decoding does not give back what was encoded
+};
+
+// NpPortID by phy id.
+extern const NpCoding g_stNpPortCoding;
+
+// What a bad value prints.
+enum NpSay : uint8_t {
+    NP_SAY_PARAM,   // "param error! (name)=0x%08x\r\n", or without brackets; see NpRow
+    NP_SAY_ENABLE,  // "enable Para error: 0x%08x \r\n"
+    NP_SAY_VALID,   // "valid Para error: 0x%08x \r\n"
+    NP_SAY_BOOL,    // "true/false Para error: 0x%08x \r\n"
+};
+
+enum NpBoundKind : uint8_t {
+    NP_BOUND_MOST,       // ulMin <= value <= ulMax, both signed if ulMin is not 0
+    NP_BOUND_BELOW_CAP,  // below the capability word of slot ulMax
+    NP_BOUND_MOST_CAP,   // at most that word
+    NP_BOUND_PORT,       // a port record that the chip has
+    NP_BOUND_CUSTOM,     // NpCheck::pfnCustom
+};
+
+struct NpLimit {
+    NpBoundKind enKind;
+    NpSay enSay;
+    uint32_t ulMin;
+    uint32_t ulMax;
+};
+
+// How the engines move a field. All but the last are values stored as they are, in one word of the
+// image each, and go without a call.
+enum NpMove : uint8_t {
+    NP_MOVE_WORD,       // a word on its own, always there
+    NP_MOVE_WHEN_WORD,  // the same, with a condition
+    NP_MOVE_RUN,        // words, one behind the other from the low bits of an image word up
+    NP_MOVE_ARRAY,      // words or bytes in any even steps
+    NP_MOVE_ANY,
+};
+
+struct NpField {
+    const char *pszName;          // the member, "astStatus.ulStatus" for one of an array's records
+    const char *pszKey;           // keyword of the command line; an array's elements have their
+                                  // number behind it
+    const NpSmdKeyEnum *pstWord;  // value words, all of key number 0
+    const NpCoding *pstCoding;    // null: stored as it is
+    NpWhen stWhen;
+    uint16_t usOffset;  // in the record
+    uint16_t usCount;   // elements, 1 if it is no array
+    uint16_t usStride;  // bytes from one element to the next
+    uint16_t usBit;     // of element 0 in the image,
+    uint16_t usWord;    // that is, byte of the word that it begins in
+    uint8_t ucShift;    // and bit of that word
+    uint32_t ulMask;    // of its width
+    int16_t sStep;      // bits from one element to the next
+    int16_t sRunStep;   // bits from one run of elements to the next
+    uint8_t ucRun;      // elements of a run, inside which sStep holds; 0: no runs
+    uint8_t ucSize;     // bytes of an element: 1, 2, 4; of a coded one up to 255
+    uint8_t ucWidth;    // bits in the image; 0: not stored
+    uint8_t ucFrom;     // lowest bit of the value that stands here
+    uint8_t ucType;     // NpSmdType
+    uint8_t ucWordNum;
+    uint8_t ucMove;  // NpMove
+    bool bWhole;     // one parameter for the whole array, such as a MAC address
+    bool bCut;       // values may be wider than what is stored
+    bool bLost;      // has no place in the image
+    bool bHidden;    // no parameter of the command line
+};
+
+struct NpRow;
+
+struct NpCheck {
+    const char *pszText;  // the field in the message, behind "pst..->"
+    // Traces its own message. 0, or the code that the check ends with.
+    uint32_t (*pfnCustom)(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord);
+    NpLimit stLimit;
+    NpWhen stWhen;
+    uint16_t usOffset;
+    uint16_t usCount;
+    uint16_t usStride;
+    uint8_t ucSize;
+    bool bWithNext;  // arrays: each element is tested before the same one of the next line
+    bool bSimple;    // an unsigned word on its own, always there
+};
+
+struct NpRow {
+    const char *pszArg;  // the record in messages, "pstVlan"; null: fields stand alone
+    const NpField *pstField;
+    const NpCheck *pstCheck;
+    uint16_t usFieldNum;
+    uint16_t usCheckNum;
+    uint16_t usRecordSize;  // bytes
+    uint16_t usImageSize;   // bytes; 0: arguments, which have no image
+    uint8_t ucModule;       // NpModule of the traces
+    bool bBare;             // "param error! name=" without brackets
+    bool bParseClears;      // fields that are not there read as 0; else they stay as they were
+};
+
+// Bytes that the buffer of an image has.
+constexpr uint32_t Np_ImageRoom(const NpRow &stRow)
+{
+    return (stRow.usImageSize + 3u) / 4u * 4u;
+}
+
+inline constexpr uint32_t NP_ROW_IMAGE_MAX = 64;    // bytes of the widest image
+inline constexpr uint32_t NP_ROW_RECORD_MAX = 320;  // bytes of the widest record
+inline constexpr uint32_t NP_ROW_FIELD_MAX = 64;
+inline constexpr uint32_t NP_ROW_GROUP_MAX = 4;  // checks that go together
+
+// ---- engines ----------------------------------------------------------------------------------
+
+// Whose function and line traces name: the caller's.
+struct NpWhere {
+    const char *pszFunc;
+    uint32_t ulLine;
+};
+constexpr NpWhere Np_Here(const char *pszFunc = __builtin_FUNCTION(),
+                          uint32_t ulLine = __builtin_LINE())
+{
+    return {pszFunc, ulLine};
+}
+
+// All fields of the record, at trace level.
+void Np_Row_Trace(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere = Np_Here());
+// 0, or the first failing check's code: NP_ERR_PARAM, a port's or a custom check's own.
+uint32_t Np_Row_Check(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
+                      NpWhere stWhere = Np_Here());
+// Puts the fields into an image and leaves its other bits alone. 0, or a coding's code.
+uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord, void *pvImage,
+                     NpWhere stWhere = Np_Here());
+// The same on a cleared image.
+uint32_t Np_Row_Build(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord, void *pvImage,
+                      NpWhere stWhere = Np_Here());
+// Takes the fields out of an image. 0, or a coding's code.
+uint32_t Np_Row_Parse(const NpRow *pstRow, uint32_t ulChipID, const void *pvImage, void *pvRecord,
+                      NpWhere stWhere = Np_Here());
+
+// Tells whether a field or check with this condition is there.
+inline bool Np_Row_IsThere(const NpWhen &stWhen, const void *pvRecord)
+{
+    if (stWhen.ulMask == 0) {
+        return true;
+    }
+    uint32_t ulValue;
+    __builtin_memcpy(&ulValue, static_cast<const uint8_t *>(pvRecord) + stWhen.usOffset, 4);
+    return ulValue < 32 && (stWhen.ulMask >> ulValue & 1) != 0;
+}
+// An element of 1, 2 or 4 bytes.
+uint32_t Np_Row_Load(const NpField *pstField, uint32_t ulElement, const void *pvRecord);
+void Np_Row_Store(const NpField *pstField, uint32_t ulElement, uint32_t ulValue, void *pvRecord);
+// The highest legal value of a limit, with the capability words of the current chip, or of the
+// family while none is registered.
+uint32_t Np_Row_LimitMax(const NpLimit *pstLimit);
+// The check of a number that bounds a field, or null.
+const NpCheck *Np_Row_FieldCheck(const NpRow *pstRow, const NpField *pstField);
+
+// A trace of the caller's position. Off, it costs one load and one test.
+#define NP_TRACE_AT(stWhere, module, level, ...)                      \
+    do {                                                              \
+        if (g_stNpSdkModuleSwitch[module][level] != 0) [[unlikely]] { \
+            g_ulNpLine = (stWhere).ulLine;                            \
+            g_pszNpFunc = (stWhere).pszFunc;                          \
+            Np_PrintWithPosition(module, level, __VA_ARGS__);         \
+        }                                                             \
+    } while (0)

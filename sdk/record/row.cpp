@@ -1,0 +1,609 @@
+// The engines that read a row's description.
+#include "platform/os.h"
+#include "sdk/access/portid.h"
+#include "sdk/frame/registry.h"
+#include "sdk/frame/service.h"
+#include "sdk/frame/text.h"
+#include "sdk/frame/trace.h"
+#include "sdk/record/record.h"
+
+namespace {
+
+inline constexpr uint32_t NP_TRACE_TEXT = 400;  // of one line; with its prefix it must fit a print
+inline constexpr uint32_t NP_TRACE_FIELD = 80;  // most that one value adds
+
+uint32_t Np_Word(const void *pvAt)
+{
+    uint32_t ulWord;
+    __builtin_memcpy(&ulWord, pvAt, 4);
+    return ulWord;
+}
+
+uint32_t Np_WidthMask(uint32_t ulWidth)
+{
+    return 0xffffffffu >> (32 - ulWidth);
+}
+
+// Bits ulBit and up of an image. The second word is touched only if the value reaches into it.
+inline void Np_Insert(uint8_t *pucImage, uint32_t ulBit, uint32_t ulWidth, uint32_t ulValue)
+{
+    uint8_t *pucWord = pucImage + ulBit / 32 * 4;
+    const uint32_t ulShift = ulBit % 32;
+    const uint32_t ulMask = Np_WidthMask(ulWidth);
+    ulValue &= ulMask;
+    uint32_t ulWord = (Np_Word(pucWord) & ~(ulMask << ulShift)) | ulValue << ulShift;
+    __builtin_memcpy(pucWord, &ulWord, 4);
+    if (ulShift + ulWidth > 32) {
+        const uint32_t ulDone = 32 - ulShift;
+        ulWord = (Np_Word(pucWord + 4) & ~(ulMask >> ulDone)) | ulValue >> ulDone;
+        __builtin_memcpy(pucWord + 4, &ulWord, 4);
+    }
+}
+
+inline uint32_t Np_Extract(const uint8_t *pucImage, uint32_t ulBit, uint32_t ulWidth)
+{
+    const uint8_t *pucWord = pucImage + ulBit / 32 * 4;
+    const uint32_t ulShift = ulBit % 32;
+    uint32_t ulValue = Np_Word(pucWord) >> ulShift;
+    if (ulShift + ulWidth > 32) {
+        ulValue |= Np_Word(pucWord + 4) << (32 - ulShift);
+    }
+    return ulValue & Np_WidthMask(ulWidth);
+}
+
+uint32_t Np_LoadBytes(const uint8_t *pucAt, uint32_t ulSize)
+{
+    if (ulSize == 4) {
+        return Np_Word(pucAt);
+    }
+    return ulSize == 2 ? static_cast<uint32_t>(pucAt[0] | pucAt[1] << 8) : pucAt[0];
+}
+
+void Np_StoreBytes(uint8_t *pucAt, uint32_t ulSize, uint32_t ulValue)
+{
+    if (ulSize == 4) {
+        __builtin_memcpy(pucAt, &ulValue, 4);
+        return;
+    }
+    pucAt[0] = static_cast<uint8_t>(ulValue);
+    if (ulSize == 2) {
+        pucAt[1] = static_cast<uint8_t>(ulValue >> 8);
+    }
+}
+
+// Walks the places of an array's elements in the image.
+struct NpPlace {
+    uint32_t ulBit;
+    uint32_t ulRunBit;  // where the run began
+    uint32_t ulInRun;
+};
+
+void Np_PlaceNext(const NpField *pstField, NpPlace *pstPlace)
+{
+    pstPlace->ulBit += static_cast<uint32_t>(static_cast<int32_t>(pstField->sStep));
+    if (pstField->ucRun != 0 && ++pstPlace->ulInRun == pstField->ucRun) {
+        pstPlace->ulInRun = 0;
+        pstPlace->ulRunBit += static_cast<uint32_t>(static_cast<int32_t>(pstField->sRunStep));
+        pstPlace->ulBit = pstPlace->ulRunBit;
+    }
+}
+
+uint32_t Np_CodingFailed(const NpRow *pstRow, const char *pszFormat, uint32_t ulReturn,
+                         NpWhere stWhere)
+{
+    NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_ERROR, pszFormat, ulReturn);
+    return ulReturn;
+}
+
+// Arrays, narrow elements, codings: all that is no plain word.
+[[gnu::noinline]] uint32_t Np_FillField(const NpRow *pstRow, const NpField *pstField,
+                                        uint32_t ulChipID, const uint8_t *pucRecord,
+                                        uint8_t *pucImage, NpWhere stWhere)
+{
+    if (pstField->ucWidth == 0 || !Np_Row_IsThere(pstField->stWhen, pucRecord)) {
+        return NP_OK;
+    }
+    const uint8_t *pucAt = pucRecord + pstField->usOffset;
+    NpPlace stPlace = {pstField->usBit, pstField->usBit, 0};
+    for (uint32_t i = 0; i < pstField->usCount; i++, pucAt += pstField->usStride) {
+        uint32_t ulValue;
+        if (pstField->pstCoding != nullptr) {
+            const uint32_t ulReturn = pstField->pstCoding->pfnEncode(ulChipID, pucAt, &ulValue);
+            if (ulReturn != NP_OK) {
+                return Np_CodingFailed(pstRow, pstField->pstCoding->pszEncodeError, ulReturn,
+                                       stWhere);
+            }
+        }
+        else {
+            ulValue = Np_LoadBytes(pucAt, pstField->ucSize);
+        }
+        Np_Insert(pucImage, stPlace.ulBit, pstField->ucWidth, ulValue >> pstField->ucFrom);
+        Np_PlaceNext(pstField, &stPlace);
+    }
+    return NP_OK;
+}
+
+[[gnu::noinline]] uint32_t Np_ParseField(const NpRow *pstRow, const NpField *pstField,
+                                         uint32_t ulChipID, const uint8_t *pucImage,
+                                         uint8_t *pucRecord, NpWhere stWhere)
+{
+    if (pstField->ucWidth == 0 || !Np_Row_IsThere(pstField->stWhen, pucRecord)) {
+        return NP_OK;
+    }
+    uint8_t *pucAt = pucRecord + pstField->usOffset;
+    NpPlace stPlace = {pstField->usBit, pstField->usBit, 0};
+    for (uint32_t i = 0; i < pstField->usCount; i++, pucAt += pstField->usStride) {
+        uint32_t ulValue = Np_Extract(pucImage, stPlace.ulBit, pstField->ucWidth);
+        Np_PlaceNext(pstField, &stPlace);
+        if (pstField->pstCoding != nullptr) {
+            const uint32_t ulReturn = pstField->pstCoding->pfnDecode(ulChipID, ulValue, pucAt);
+            if (ulReturn != NP_OK) {
+                return Np_CodingFailed(pstRow, pstField->pstCoding->pszDecodeError, ulReturn,
+                                       stWhere);
+            }
+            continue;
+        }
+        if (pstField->ucType == NP_SMD_SIGNED && (ulValue >> (pstField->ucWidth - 1) & 1) != 0) {
+            ulValue |= ~Np_WidthMask(pstField->ucWidth);
+        }
+        if (pstField->ucFrom != 0) {  // the lower part came first
+            ulValue = Np_LoadBytes(pucAt, pstField->ucSize) | ulValue << pstField->ucFrom;
+        }
+        Np_StoreBytes(pucAt, pstField->ucSize, ulValue);
+    }
+    return NP_OK;
+}
+
+// The format of a bad value, and whether the field's name comes before the value.
+const char *Np_SayFormat(const NpRow *pstRow, uint8_t ucSay)
+{
+    switch (ucSay) {
+        case NP_SAY_ENABLE:
+            return "enable Para error: 0x%08x \r\n";
+        case NP_SAY_VALID:
+            return "valid Para error: 0x%08x \r\n";
+        case NP_SAY_BOOL:
+            return "true/false Para error: 0x%08x \r\n";
+        default:
+            return pstRow->bBare ? "param error! %s%s%s=0x%08x\r\n"
+                                 : "param error! (%s%s%s)=0x%08x\r\n";
+    }
+}
+
+[[gnu::cold]] uint32_t Np_BadValue(const NpRow *pstRow, const NpCheck *pstCheck, uint32_t ulValue,
+                                   NpWhere stWhere)
+{
+    const char *pszFormat = Np_SayFormat(pstRow, pstCheck->stLimit.enSay);
+    if (pstCheck->stLimit.enSay != NP_SAY_PARAM) {
+        NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_ERROR, pszFormat, ulValue);
+        return NP_ERR_PARAM;
+    }
+    const bool bAlone = pstRow->pszArg == nullptr;
+    NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_ERROR, pszFormat, bAlone ? "" : pstRow->pszArg,
+                bAlone ? "" : "->", pstCheck->pszText, ulValue);
+    return NP_ERR_PARAM;
+}
+
+// A check of numbers, made ready: values from ulMin up, ulSpan of them and one more.
+struct NpReady {
+    const NpCheck *pstCheck;
+    const uint8_t *pucAt;  // the next element
+    uint32_t ulMin;
+    uint32_t ulSpan;
+    bool bNone;  // no value passes
+};
+
+NpReady Np_CheckReady(const NpCheck *pstCheck, const uint32_t *pulCap, const uint8_t *pucRecord)
+{
+    const NpLimit &stLimit = pstCheck->stLimit;
+    const uint8_t *pucAt = pucRecord + pstCheck->usOffset;
+    switch (stLimit.enKind) {
+        case NP_BOUND_MOST:
+            return {pstCheck, pucAt, stLimit.ulMin, stLimit.ulMax - stLimit.ulMin, false};
+        case NP_BOUND_MOST_CAP:
+            return {pstCheck, pucAt, 0, pulCap[stLimit.ulMax], false};
+        default:
+            return {pstCheck, pucAt, 0, pulCap[stLimit.ulMax] - 1, pulCap[stLimit.ulMax] == 0};
+    }
+}
+
+// Looks for a bad value in all elements of one check, in no order.
+bool Np_AllPass(const NpReady &stReady)
+{
+    const uint32_t ulSize = stReady.pstCheck->ucSize;
+    const uint32_t ulStride = stReady.pstCheck->usStride;
+    const uint8_t *pucAt = stReady.pucAt;
+    bool bBad = stReady.bNone;
+    for (uint32_t i = stReady.pstCheck->usCount; i != 0; i--) {
+        bBad |= Np_LoadBytes(pucAt, ulSize) - stReady.ulMin > stReady.ulSpan;
+        pucAt += ulStride;
+    }
+    return !bBad;
+}
+
+// Numbers, element by element through ulNum checks that go together.
+uint32_t Np_CheckNumbers(const NpRow *pstRow, const NpCheck *pstCheck, uint32_t ulNum,
+                         const uint32_t *pulCap, const uint8_t *pucRecord, NpWhere stWhere)
+{
+    NpReady astReady[NP_ROW_GROUP_MAX];
+    uint32_t ulReady = 0;
+    for (uint32_t i = 0; i < ulNum; i++) {
+        if (Np_Row_IsThere(pstCheck[i].stWhen, pucRecord)) {
+            astReady[ulReady++] = Np_CheckReady(&pstCheck[i], pulCap, pucRecord);
+        }
+    }
+    bool bAllPass = true;
+    for (uint32_t i = 0; i < ulReady && bAllPass; i++) {
+        bAllPass = Np_AllPass(astReady[i]);
+    }
+    if (bAllPass) [[likely]] {
+        return NP_OK;
+    }
+    for (uint32_t i = 0; i < pstCheck->usCount; i++) {
+        for (uint32_t j = 0; j < ulReady; j++) {
+            NpReady &stReady = astReady[j];
+            const uint32_t ulValue = Np_LoadBytes(stReady.pucAt, stReady.pstCheck->ucSize);
+            if (ulValue - stReady.ulMin > stReady.ulSpan || stReady.bNone) [[unlikely]] {
+                return Np_BadValue(pstRow, stReady.pstCheck, ulValue, stWhere);
+            }
+            stReady.pucAt += stReady.pstCheck->usStride;
+        }
+    }
+    return NP_OK;
+}
+
+uint32_t Np_CheckPort(const NpRow *pstRow, const NpCheck *pstCheck, uint32_t ulChipID,
+                      const uint8_t *pucRecord, NpWhere stWhere)
+{
+    NpPortID stPort;
+    __builtin_memcpy(&stPort, pucRecord + pstCheck->usOffset, sizeof(stPort));
+    const uint32_t ulReturn = Np_Tarn_PortParaCheck(ulChipID, &stPort);
+    if (ulReturn != NP_OK) {
+        NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_ERROR,
+                    "port check failed! ulReturn=0x%08x\r\n", ulReturn);
+    }
+    return ulReturn;
+}
+
+// All checks but the simple ones. *pulNum: how many lines were done.
+uint32_t Np_CheckLines(const NpRow *pstRow, const NpCheck *pstCheck, uint32_t ulChipID,
+                       const uint32_t *pulCap, const uint8_t *pucRecord, uint32_t *pulNum,
+                       NpWhere stWhere)
+{
+    *pulNum = 1;
+    if (pstCheck->stLimit.enKind >= NP_BOUND_PORT) {
+        if (!Np_Row_IsThere(pstCheck->stWhen, pucRecord)) {
+            return NP_OK;
+        }
+        return pstCheck->stLimit.enKind == NP_BOUND_PORT
+                   ? Np_CheckPort(pstRow, pstCheck, ulChipID, pucRecord, stWhere)
+                   : pstCheck->pfnCustom(pstRow, ulChipID, pucRecord);
+    }
+    while (pstCheck[*pulNum - 1].bWithNext) {
+        (*pulNum)++;
+    }
+    return Np_CheckNumbers(pstRow, pstCheck, *pulNum, pulCap, pucRecord, stWhere);
+}
+
+inline bool Np_SimpleFails(const NpLimit &stLimit, const uint32_t *pulCap, uint32_t ulValue)
+{
+    switch (stLimit.enKind) {
+        case NP_BOUND_MOST:
+            return ulValue > stLimit.ulMax;
+        case NP_BOUND_MOST_CAP:
+            return ulValue > pulCap[stLimit.ulMax];
+        default:
+            return ulValue >= pulCap[stLimit.ulMax];
+    }
+}
+
+// A value that lies in one word of the image.
+inline void Np_PutWord(uint8_t *pucWord, uint32_t ulShift, uint32_t ulMask, uint32_t ulValue)
+{
+    const uint32_t ulWord = (Np_Word(pucWord) & ~(ulMask << ulShift)) | (ulValue & ulMask)
+                                                                            << ulShift;
+    __builtin_memcpy(pucWord, &ulWord, 4);
+}
+
+inline uint32_t Np_StepOf(const NpField *pstField)
+{
+    return static_cast<uint32_t>(static_cast<int32_t>(pstField->sStep));
+}
+
+void Np_FillRun(const NpField *pstField, const uint8_t *pucRecord, uint8_t *pucImage)
+{
+    const uint8_t *pucAt = pucRecord + pstField->usOffset;
+    const uint32_t ulStep = Np_StepOf(pstField);
+    const uint32_t ulStride = pstField->usStride;
+    const uint32_t ulMask = pstField->ulMask;
+    uint8_t *pucWord = pucImage + pstField->usWord;
+    uint32_t ulShift = pstField->ucShift;
+    uint32_t ulWord = Np_Word(pucWord);
+    for (uint32_t i = pstField->usCount; i != 0; i--) {
+        ulWord = (ulWord & ~(ulMask << ulShift)) | (Np_Word(pucAt) & ulMask) << ulShift;
+        pucAt += ulStride;
+        ulShift += ulStep;
+        if (ulShift == 32 || i == 1) {
+            __builtin_memcpy(pucWord, &ulWord, 4);
+            pucWord += 4;
+            ulShift = 0;
+            ulWord = i == 1 ? 0 : Np_Word(pucWord);
+        }
+    }
+}
+
+void Np_ParseRun(const NpField *pstField, const uint8_t *pucImage, uint8_t *pucRecord)
+{
+    uint8_t *pucAt = pucRecord + pstField->usOffset;
+    const uint32_t ulStep = Np_StepOf(pstField);
+    const uint32_t ulStride = pstField->usStride;
+    const uint32_t ulMask = pstField->ulMask;
+    const uint8_t *pucWord = pucImage + pstField->usWord;
+    uint32_t ulShift = pstField->ucShift;
+    uint32_t ulWord = Np_Word(pucWord);
+    for (uint32_t i = pstField->usCount; i != 0; i--) {
+        const uint32_t ulValue = ulWord >> ulShift & ulMask;
+        __builtin_memcpy(pucAt, &ulValue, 4);
+        pucAt += ulStride;
+        ulShift += ulStep;
+        if (ulShift == 32 && i != 1) {
+            pucWord += 4;
+            ulShift = 0;
+            ulWord = Np_Word(pucWord);
+        }
+    }
+}
+
+void Np_FillArray(const NpField *pstField, const uint8_t *pucRecord, uint8_t *pucImage)
+{
+    const uint8_t *pucAt = pucRecord + pstField->usOffset;
+    const bool bBytes = pstField->ucSize == 1;
+    uint32_t ulBit = pstField->usBit;
+    for (uint32_t i = pstField->usCount; i != 0; i--) {
+        Np_PutWord(pucImage + ulBit / 32 * 4, ulBit % 32, pstField->ulMask,
+                   bBytes ? *pucAt : Np_Word(pucAt));
+        pucAt += pstField->usStride;
+        ulBit += Np_StepOf(pstField);
+    }
+}
+
+void Np_ParseArray(const NpField *pstField, const uint8_t *pucImage, uint8_t *pucRecord)
+{
+    uint8_t *pucAt = pucRecord + pstField->usOffset;
+    const bool bBytes = pstField->ucSize == 1;
+    uint32_t ulBit = pstField->usBit;
+    for (uint32_t i = pstField->usCount; i != 0; i--) {
+        const uint32_t ulValue =
+            Np_Word(pucImage + ulBit / 32 * 4) >> ulBit % 32 & pstField->ulMask;
+        if (bBytes) {
+            *pucAt = static_cast<uint8_t>(ulValue);
+        }
+        else {
+            __builtin_memcpy(pucAt, &ulValue, 4);
+        }
+        pucAt += pstField->usStride;
+        ulBit += Np_StepOf(pstField);
+    }
+}
+
+uint32_t Np_PortEncode(uint32_t ulChipID, const void *pvField, uint32_t *pulStored)
+{
+    NpPortID stPort;
+    __builtin_memcpy(&stPort, pvField, sizeof(stPort));
+    return Np_PortID2PhyID(ulChipID, &stPort, pulStored);
+}
+
+uint32_t Np_PortDecode(uint32_t ulChipID, uint32_t ulStored, void *pvField)
+{
+    NpPortID stPort;
+    const uint32_t ulReturn = Np_IngressPhyID2PortID(ulChipID, ulStored, &stPort);
+    if (ulReturn == NP_OK) {
+        __builtin_memcpy(pvField, &stPort, sizeof(stPort));
+    }
+    return ulReturn;
+}
+
+// Adds "name=value " or "name=v v v " behind the ulUsed characters of a line; the new length.
+uint32_t Np_TraceField(const NpField *pstField, const void *pvRecord, char *pszText,
+                       uint32_t ulUsed)
+{
+    // A port is four words; other coded fields start with what tells them apart.
+    const bool bWords = pstField->ucSize > 4;
+    const uint32_t ulNum = bWords ? pstField->ucSize / 4u : pstField->usCount;
+    const uint8_t *pucAt = static_cast<const uint8_t *>(pvRecord) + pstField->usOffset;
+    ulUsed += static_cast<uint32_t>(
+        Os_Format(pszText + ulUsed, NP_TRACE_TEXT - ulUsed, "%s=", pstField->pszName));
+    for (uint32_t i = 0; i < ulNum && ulUsed + NP_TRACE_FIELD / 4 < NP_TRACE_TEXT; i++) {
+        const uint32_t ulValue = Np_LoadBytes(pucAt, bWords ? 4 : pstField->ucSize);
+        pucAt += bWords ? 4 : pstField->usStride;
+        ulUsed += static_cast<uint32_t>(
+            Os_Format(pszText + ulUsed, NP_TRACE_TEXT - ulUsed, "0x%x ", ulValue));
+    }
+    return ulUsed;
+}
+
+[[gnu::cold, gnu::noinline]] void Np_TraceRecord(const NpRow *pstRow, const void *pvRecord,
+                                                 NpWhere stWhere)
+{
+    char acText[NP_TRACE_TEXT];
+    uint32_t ulUsed = 0;
+    for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
+        const NpField *pstField = &pstRow->pstField[i];
+        if (pstField->ucFrom != 0) {
+            continue;  // the first part has traced the value
+        }
+        ulUsed = Np_TraceField(pstField, pvRecord, acText, ulUsed);
+        if (ulUsed + NP_TRACE_FIELD >= NP_TRACE_TEXT || i + 1 == pstRow->usFieldNum) {
+            NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_TRACE, " %s\r\n", acText);
+            ulUsed = 0;
+        }
+    }
+}
+
+}  // namespace
+
+constexpr NpCoding g_stNpPortCoding = {
+    Np_PortEncode,
+    Np_PortDecode,
+    "phy ID calculate failed! ulReturn=0x%08x\r\n",
+    "ingress phyid to portid calculate failed! ulReturn=0x%08x\r\n",
+    false,
+};
+
+uint32_t Np_Row_Load(const NpField *pstField, uint32_t ulElement, const void *pvRecord)
+{
+    return Np_LoadBytes(static_cast<const uint8_t *>(pvRecord) + pstField->usOffset +
+                            ulElement * pstField->usStride,
+                        pstField->ucSize);
+}
+
+void Np_Row_Store(const NpField *pstField, uint32_t ulElement, uint32_t ulValue, void *pvRecord)
+{
+    Np_StoreBytes(
+        static_cast<uint8_t *>(pvRecord) + pstField->usOffset + ulElement * pstField->usStride,
+        pstField->ucSize, ulValue);
+}
+
+uint32_t Np_Row_LimitMax(const NpLimit *pstLimit)
+{
+    if (pstLimit->enKind == NP_BOUND_MOST) {
+        return pstLimit->ulMax;
+    }
+    const uint32_t *pulCap = g_aulNpGlbCap[g_ulNpCurrentUsedChipID];
+    const uint32_t ulCap =
+        pulCap != nullptr ? pulCap[pstLimit->ulMax] : g_aulNpTarnBGlbCap[pstLimit->ulMax];
+    return pstLimit->enKind == NP_BOUND_BELOW_CAP && ulCap != 0 ? ulCap - 1 : ulCap;
+}
+
+const NpCheck *Np_Row_FieldCheck(const NpRow *pstRow, const NpField *pstField)
+{
+    for (uint32_t i = 0; i < pstRow->usCheckNum; i++) {
+        const NpCheck *pstCheck = &pstRow->pstCheck[i];
+        if (pstField->usOffset >= pstCheck->usOffset &&
+            pstField->usOffset < pstCheck->usOffset + pstCheck->usCount * pstCheck->usStride &&
+            (pstField->usOffset - pstCheck->usOffset) % pstCheck->usStride == 0 &&
+            pstCheck->stLimit.enKind < NP_BOUND_PORT) {
+            return pstCheck;
+        }
+    }
+    return nullptr;
+}
+
+void Np_Row_Trace(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere)
+{
+    if (g_stNpSdkModuleSwitch[pstRow->ucModule][NP_PRINT_TRACE] != 0) [[unlikely]] {
+        Np_TraceRecord(pstRow, pvRecord, stWhere);
+    }
+}
+
+uint32_t Np_Row_Check(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord, NpWhere stWhere)
+{
+    const uint8_t *pucRecord = static_cast<const uint8_t *>(pvRecord);
+    const uint32_t *pulCap = g_aulNpGlbCap[g_ulNpCurrentUsedChipID];
+    const NpCheck *pstCheck = pstRow->pstCheck;
+    const NpCheck *pstEnd = pstCheck + pstRow->usCheckNum;
+    while (pstCheck != pstEnd) {
+        if (pstCheck->bSimple) [[likely]] {
+            const uint32_t ulValue = Np_Word(pucRecord + pstCheck->usOffset);
+            if (Np_SimpleFails(pstCheck->stLimit, pulCap, ulValue)) [[unlikely]] {
+                return Np_BadValue(pstRow, pstCheck, ulValue, stWhere);
+            }
+            pstCheck++;
+            continue;
+        }
+        uint32_t ulNum;
+        const uint32_t ulReturn =
+            Np_CheckLines(pstRow, pstCheck, ulChipID, pulCap, pucRecord, &ulNum, stWhere);
+        if (ulReturn != NP_OK) {
+            return ulReturn;
+        }
+        pstCheck += ulNum;
+    }
+    return NP_OK;
+}
+
+uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord, void *pvImage,
+                     NpWhere stWhere)
+{
+    const uint8_t *pucRecord = static_cast<const uint8_t *>(pvRecord);
+    uint8_t *pucImage = static_cast<uint8_t *>(pvImage);
+    const NpField *pstEnd = pstRow->pstField + pstRow->usFieldNum;
+    for (const NpField *pstField = pstRow->pstField; pstField != pstEnd; pstField++) {
+        switch (pstField->ucMove) {
+            case NP_MOVE_WHEN_WORD:
+                if (!Np_Row_IsThere(pstField->stWhen, pucRecord)) {
+                    break;
+                }
+                [[fallthrough]];
+            case NP_MOVE_WORD:
+                Np_PutWord(pucImage + pstField->usWord, pstField->ucShift, pstField->ulMask,
+                           Np_Word(pucRecord + pstField->usOffset));
+                break;
+            case NP_MOVE_RUN:
+                Np_FillRun(pstField, pucRecord, pucImage);
+                break;
+            case NP_MOVE_ARRAY:
+                Np_FillArray(pstField, pucRecord, pucImage);
+                break;
+            default: {
+                const uint32_t ulReturn =
+                    Np_FillField(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
+                if (ulReturn != NP_OK) {
+                    return ulReturn;
+                }
+            }
+        }
+    }
+    return NP_OK;
+}
+
+uint32_t Np_Row_Build(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord, void *pvImage,
+                      NpWhere stWhere)
+{
+    uint8_t *pucImage = static_cast<uint8_t *>(pvImage);
+    const uint32_t ulZero = 0;
+    for (uint32_t i = 0; i < pstRow->usImageSize; i += 4) {
+        __builtin_memcpy(pucImage + i, &ulZero, 4);
+    }
+    return Np_Row_Fill(pstRow, ulChipID, pvRecord, pvImage, stWhere);
+}
+
+uint32_t Np_Row_Parse(const NpRow *pstRow, uint32_t ulChipID, const void *pvImage, void *pvRecord,
+                      NpWhere stWhere)
+{
+    const uint8_t *pucImage = static_cast<const uint8_t *>(pvImage);
+    uint8_t *pucRecord = static_cast<uint8_t *>(pvRecord);
+    if (pstRow->bParseClears) {
+        memset(pucRecord, 0, pstRow->usRecordSize);
+    }
+    const NpField *pstEnd = pstRow->pstField + pstRow->usFieldNum;
+    for (const NpField *pstField = pstRow->pstField; pstField != pstEnd; pstField++) {
+        switch (pstField->ucMove) {
+            case NP_MOVE_WHEN_WORD:
+                if (!Np_Row_IsThere(pstField->stWhen, pucRecord)) {
+                    break;
+                }
+                [[fallthrough]];
+            case NP_MOVE_WORD: {
+                const uint32_t ulValue =
+                    Np_Word(pucImage + pstField->usWord) >> pstField->ucShift & pstField->ulMask;
+                __builtin_memcpy(pucRecord + pstField->usOffset, &ulValue, 4);
+                break;
+            }
+            case NP_MOVE_RUN:
+                Np_ParseRun(pstField, pucImage, pucRecord);
+                break;
+            case NP_MOVE_ARRAY:
+                Np_ParseArray(pstField, pucImage, pucRecord);
+                break;
+            default: {
+                const uint32_t ulReturn =
+                    Np_ParseField(pstRow, pstField, ulChipID, pucImage, pucRecord, stWhere);
+                if (ulReturn != NP_OK) {
+                    return ulReturn;
+                }
+            }
+        }
+    }
+    return NP_OK;
+}

@@ -1,0 +1,1539 @@
+// Exact match tables: hashes, packing, placement, and the whole engine against the chip model. What
+// an item looks like and where it may stand is worked out here once more, nibble by nibble.
+#include "tests/fixture.h"
+
+#include "sdk/access/stack.h"
+#include "sdk/lookup/eml.h"
+#include "sdk/lookup/flee.h"
+#include "sdk/lookup/lcam.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <functional>
+#include <map>
+#include <optional>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+using ldsdk::test::ChipUp;
+using ldsdk::test::frame;
+using ldsdk::test::FrameTap;
+using ldsdk::test::Module;
+namespace model = ldsdk::model;
+
+using Bytes = std::vector<uint8_t>;
+
+// ---- a second opinion ---------------------------------------------------------------------------
+
+struct Shape {
+    uint32_t table;
+    uint32_t size;  // bytes of an item
+    uint32_t base;  // 16-bit units
+    uint32_t buckets;
+    uint32_t key;  // bytes
+    uint32_t ad;
+    uint32_t tid;
+    bool cpu;
+    bool flee;
+};
+
+constexpr Shape kShapes[] = {
+    {0, 16, 0x000000, 512, 6, 10, 0, true, true},   {2, 16, 0x134000, 256, 9, 7, 2, false, false},
+    {3, 16, 0x102800, 16, 6, 10, 3, true, true},    {4, 16, 0x102c00, 16, 8, 8, 4, true, true},
+    {5, 8, 0x103000, 128, 6, 2, 5, true, true},     {6, 8, 0x102000, 32, 7, 1, 6, true, true},
+    {11, 16, 0x113b00, 2, 9, 7, 15, true, true},    {17, 8, 0x138000, 32, 7, 1, 8, true, false},
+    {18, 16, 0x130000, 256, 9, 7, 7, false, false},
+};
+
+const Shape &shape_of(uint32_t table)
+{
+    return *std::find_if(std::begin(kShapes), std::end(kShapes),
+                         [&](const Shape &shape) { return shape.table == table; });
+}
+
+// Nibble n of a byte image, the low one of a byte first.
+uint32_t nibble(const Bytes &bytes, size_t n)
+{
+    return bytes[n / 2] >> (n % 2 * 4) & 0xfu;
+}
+
+void set_nibble(Bytes &bytes, size_t n, uint32_t value)
+{
+    bytes[n / 2] =
+        static_cast<uint8_t>((bytes[n / 2] & (0xf0u >> (n % 2 * 4))) | value << (n % 2 * 4));
+}
+
+// AD: 2 * ad - 1 nibbles from the front; then the key; the last nibble is the status.
+Bytes make_item(const Shape &shape, const Bytes &key, const Bytes &ad, uint32_t status)
+{
+    Bytes item(shape.size);
+    for (size_t n = 0; n < 2 * shape.ad - 1; n++) {
+        set_nibble(item, n, nibble(ad, n));
+    }
+    for (size_t n = 0; n < 2 * shape.key; n++) {
+        set_nibble(item, 2 * shape.ad - 1 + n, nibble(key, n));
+    }
+    set_nibble(item, 2 * shape.size - 1, status);
+    return item;
+}
+
+Bytes key_of(const Shape &shape, const Bytes &item)
+{
+    Bytes key(shape.key);
+    for (size_t n = 0; n < 2 * shape.key; n++) {
+        set_nibble(key, n, nibble(item, 2 * shape.ad - 1 + n));
+    }
+    return key;
+}
+
+Bytes ad_of(const Shape &shape, const Bytes &item)
+{
+    Bytes ad(shape.ad);
+    for (size_t n = 0; n < 2 * shape.ad - 1; n++) {
+        set_nibble(ad, n, nibble(item, n));
+    }
+    return ad;
+}
+
+uint32_t status_of(const Bytes &item)
+{
+    return item.back() >> 4;
+}
+
+// One bit at a time, bytes from the last to the first.
+uint32_t slow_crc(uint32_t poly, const Bytes &data)
+{
+    uint32_t crc = 0xffffffff;
+    for (auto byte = data.rbegin(); byte != data.rend(); ++byte) {
+        for (int bit = 7; bit >= 0; bit--) {
+            const bool feed = (crc >> 31) != (*byte >> bit & 1u);
+            crc = crc << 1 ^ (feed ? poly : 0);
+        }
+    }
+    return crc;
+}
+
+std::pair<uint32_t, uint32_t> buckets_of(const Shape &shape, const Bytes &key)
+{
+    static std::map<Bytes, std::pair<uint32_t, uint32_t>> known;
+    auto at = known.find(key);
+    if (at == known.end()) {
+        Bytes hash_key(16);
+        std::copy(key.begin(), key.end(), hash_key.end() - static_cast<ptrdiff_t>(key.size()));
+        at = known.insert({key, {slow_crc(0x04c11db7, hash_key), slow_crc(0x45a5c125, hash_key)}})
+                 .first;
+    }
+    return {at->second.first % shape.buckets, at->second.second % shape.buckets};
+}
+
+// The eight items in which a key may stand: the upper half of one bucket, the lower of the other.
+std::array<uint32_t, 8> places_of(const Shape &shape, const Bytes &key)
+{
+    const auto [one, two] = buckets_of(shape, key);
+    return {8 * one + 4, 8 * one + 5, 8 * one + 6, 8 * one + 7,
+            8 * two,     8 * two + 1, 8 * two + 2, 8 * two + 3};
+}
+
+Bytes random_bytes(std::mt19937 &random, size_t size)
+{
+    Bytes bytes(size);
+    for (uint8_t &byte : bytes) {
+        byte = static_cast<uint8_t>(random());
+    }
+    return bytes;
+}
+
+Bytes random_ad(std::mt19937 &random, const Shape &shape)
+{
+    Bytes ad = random_bytes(random, shape.ad);
+    ad.back() &= 0x0f;
+    return ad;
+}
+
+// What a key stands for.
+struct Entry {
+    Bytes ad;
+    uint32_t status;
+    bool operator==(const Entry &) const = default;
+};
+using Reference = std::map<Bytes, Entry>;
+
+// A search memory image of one table, and a search of it as the chip does it.
+struct Image {
+    const Shape &shape;
+    Bytes bytes;
+
+    Bytes item(uint32_t index) const
+    {
+        const auto first = bytes.begin() + static_cast<ptrdiff_t>(index * shape.size);
+        return {first, first + static_cast<ptrdiff_t>(shape.size)};
+    }
+    Entry entry(uint32_t index) const
+    {
+        return {ad_of(shape, item(index)), status_of(item(index))};
+    }
+    void put(size_t at, const Bytes &what)
+    {
+        std::copy(what.begin(), what.end(), bytes.begin() + static_cast<ptrdiff_t>(at));
+    }
+    std::vector<uint32_t> find(const Bytes &key) const
+    {
+        std::vector<uint32_t> hits;
+        for (const uint32_t place : places_of(shape, key)) {
+            const Bytes at = item(place);
+            if (status_of(at) != 0 && key_of(shape, at) == key) {
+                hits.push_back(place);
+            }
+        }
+        return hits;
+    }
+};
+
+// Counters, valid bits and other buckets of a shadow say what the places hold; `homes` gives the
+// two buckets of what stands at an item number.
+using Homes = std::optional<std::pair<uint32_t, uint32_t>>;
+
+void expect_shadow(const NpEmlBucketInfo *shadow, uint32_t buckets,
+                   const std::function<Homes(uint32_t)> &homes)
+{
+    for (uint32_t bucket = 0; bucket < buckets; bucket++) {
+        uint16_t used[2] = {};
+        for (uint32_t slot = 0; slot < 8; slot++) {
+            const bool second = slot < 4;  // the lower four are the hash-2 half
+            const Homes here = homes(8 * bucket + slot);
+            uint32_t expected = 0;
+            if (here.has_value()) {
+                ASSERT_EQ(second ? here->second : here->first, bucket) << "in a foreign bucket";
+                expected = (second ? here->first : here->second) << 1 | 1;
+                used[second ? 1 : 0]++;
+            }
+            ASSERT_EQ(shadow[bucket].aulItem[(slot + 4) % 8], expected);
+        }
+        ASSERT_EQ(shadow[bucket].ausValidNum[0], used[0]);
+        ASSERT_EQ(shadow[bucket].ausValidNum[1], used[1]);
+    }
+}
+
+// ---- hashes and packing -------------------------------------------------------------------------
+
+TEST(EmlHash, KnownValuesAndTheBitwiseDefinition)
+{
+    Bytes count(16);
+    for (size_t i = 0; i < count.size(); i++) {
+        count[i] = static_cast<uint8_t>(i);
+    }
+    const Bytes zero(16);
+    EXPECT_EQ(Np_tarn_HASH_Hash1Crc32Calc(zero.data(), 16), 0x552d22c8u);
+    EXPECT_EQ(Np_tarn_HASH_Hash2Crc32Calc(zero.data(), 16), 0x810de45eu);
+    EXPECT_EQ(Np_tarn_HASH_Hash1Crc32Calc(count.data(), 16), 0x841f9bb8u);
+    EXPECT_EQ(Np_tarn_HASH_Hash2Crc32Calc(count.data(), 16), 0x2e2c715eu);
+    EXPECT_EQ(Np_tarn_HASH_Hash1Crc32Calc(nullptr, 0), 0xffffffffu);
+    std::mt19937 random(1);
+    for (uint32_t size = 1; size <= 64; size++) {
+        const Bytes data = random_bytes(random, size);
+        EXPECT_EQ(Np_tarn_HASH_Hash1Crc32Calc(data.data(), size), slow_crc(0x04c11db7, data));
+        EXPECT_EQ(Np_tarn_HASH_Hash2Crc32Calc(data.data(), size), slow_crc(0x45a5c125, data));
+    }
+}
+
+class Eml : public Module {
+  protected:
+    Eml()
+    {
+        EXPECT_EQ(Np_GLB_ChipRegister(0, 1, 0, 0), NP_OK);
+        EXPECT_EQ(Np_GLB_ChipIDIsValid(0), NP_OK);
+    }
+};
+
+TEST_F(Eml, DescriptorsAreTheFamilys)
+{
+    std::set<uint32_t> present;
+    for (const Shape &shape : kShapes) {
+        SCOPED_TRACE(shape.table);
+        present.insert(shape.table);
+        const NpEmlConfig &config = g_stNpEmlConfig[0][shape.table];
+        EXPECT_EQ(config.ulTblWidth, shape.size == 8 ? 0u : 1u);
+        EXPECT_EQ(config.ulBaseAddr, shape.base);
+        EXPECT_EQ(1u << config.ulBucketWidth, shape.buckets);
+        EXPECT_EQ(config.ulItemNum, 8 * shape.buckets);
+        EXPECT_EQ(config.ulKeyLen, shape.key);
+        EXPECT_EQ(config.ulAdLen, shape.ad);
+        EXPECT_EQ(config.ulMoveEnable, shape.cpu ? 1u : 0u);
+        EXPECT_EQ(config.ulTID, shape.tid);
+        EXPECT_EQ(config.ulFleeEnable, shape.flee ? 1u : 0u);
+        EXPECT_EQ(config.ulSmemID | config.ulIndirect | config.ulIndirectBase |
+                      config.ulIndirectPara1 | config.ulIndirectPara2,
+                  0u);
+    }
+    for (uint32_t table = 0; table < NP_EML_TABLE_NUM; table++) {
+        if (!present.contains(table)) {
+            NpEmlConfig empty = {};
+            empty.ulTblWidth = table == 14 || table == 15 ? 0 : 1;
+            empty.ulTID = 16;
+            empty.ulSmemID = table == 16 ? 1 : 0;
+            EXPECT_EQ(std::memcmp(&g_stNpEmlConfig[0][table], &empty, sizeof(empty)), 0) << table;
+        }
+    }
+    for (uint32_t n = 0; n < 32; n++) {
+        EXPECT_EQ(g_aulBucketMask[n], (1u << n) - 1);
+    }
+    EXPECT_EQ(g_aulBucketMask[32], 0xffffffffu);
+}
+
+// Key length 6, AD 10: byte 9 holds the AD's top nibble below the key's first one.
+TEST_F(Eml, AnItemByHand)
+{
+    const Bytes key = {0x21, 0x43, 0x65, 0x87, 0xa9, 0xcb};
+    const Bytes ad = {0, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77, 0x88, 0x09};
+    const Bytes item = {0,    0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77,
+                        0x88, 0x19, 0x32, 0x54, 0x76, 0x98, 0xba, 0xfc};
+    EXPECT_EQ(make_item(shape_of(3), key, ad, 15), item);
+    uint8_t status = 0;
+    Bytes got_key(6);
+    Bytes got_ad(10);
+    Np_Tarn_EML_UserDataSeparate(0, 3, item.data(), &status, got_key.data(), got_ad.data());
+    EXPECT_EQ(status, 15);
+    EXPECT_EQ(got_key, key);
+    EXPECT_EQ(got_ad, ad);
+    Np_Tarn_EML_UserDataSeparate(0, 3, item.data(), nullptr, nullptr, nullptr);
+}
+
+// The flee form of an AD: shifted left by four bits, in the top bytes of eight; of ten bytes the
+// low twelve bits have no room and stay as the caller's buffer has them.
+TEST_F(Eml, ItemsComeApartAndTogether)
+{
+    std::mt19937 random(2);
+    for (const Shape &shape : kShapes) {
+        SCOPED_TRACE(shape.table);
+        for (int round = 0; round < 200; round++) {
+            const Bytes item = random_bytes(random, shape.size);
+            uint8_t status = 0;
+            Bytes key(shape.key);
+            Bytes ad(shape.ad);
+            Np_Tarn_EML_UserDataSeparate(0, shape.table, item.data(), &status, key.data(),
+                                         ad.data());
+            ASSERT_EQ(status, status_of(item));
+            ASSERT_EQ(key, key_of(shape, item));
+            ASSERT_EQ(ad, ad_of(shape, item));
+
+            Bytes field(8);
+            const size_t lost = shape.ad > 8 ? 2 * (shape.ad - 8) : 0;  // nibbles of the shifted AD
+            for (size_t n = lost == 0 ? 1 : lost; n < 2 * shape.ad; n++) {
+                const size_t to = lost == 0 ? 16 - 2 * shape.ad + n : n - lost;
+                set_nibble(field, to, nibble(ad, n - 1));
+            }
+            const Bytes before = random_bytes(random, shape.size);
+            Bytes built = before;
+            Np_Tarn_EML_UserDataCombine(0, shape.table, built.data(), &status, key.data(),
+                                        field.data());
+            Bytes expected = item;
+            for (size_t n = 0; lost != 0 && n + 1 < lost; n++) {
+                set_nibble(expected, n, nibble(before, n));
+            }
+            ASSERT_EQ(built, expected);
+            built = before;
+            Np_Tarn_EML_UserDataCombine(0, shape.table, built.data(), nullptr, nullptr, nullptr);
+            ASSERT_EQ(built, before);
+        }
+    }
+}
+
+// Wider items than the family has: keys folded into the hash key, accesses of 128 bits.
+TEST_F(Eml, WideItems)
+{
+    std::mt19937 random(3);
+    std::array<NpEmlConfig, NP_EML_TABLE_NUM> config = {};
+    const NpEmlConfig *family = std::exchange(g_stNpEmlConfig[0], config.data());
+    for (const auto &[width, key, ad] :
+         {std::array{1u, 15u, 1u}, {2u, 17u, 15u}, {2u, 31u, 1u}, {3u, 33u, 15u}, {3u, 47u, 1u}}) {
+        SCOPED_TRACE(key);
+        config[0].ulTblWidth = width;
+        config[0].ulBaseAddr = 0x102000;
+        config[0].ulItemNum = 16;
+        config[0].ulKeyLen = key;
+        config[0].ulAdLen = ad;
+        const Shape shape = {0, key + ad, 0x102000, 2, key, ad, 0, true, false};
+        const Bytes item = random_bytes(random, shape.size);
+        Bytes wide(48);
+        const Bytes plain = key_of(shape, item);
+        std::copy(plain.begin(), plain.end(), wide.end() - key);
+        Bytes folded(16);
+        for (size_t i = 0; i < 16; i++) {
+            folded[i] = wide[i] ^ wide[i + 16] ^ wide[i + 32];
+        }
+        Bytes hash_key(16);
+        Np_Tarn_EML_HashKeyBuild(0, 0, item.data(), hash_key.data());
+        EXPECT_EQ(hash_key, folded);
+
+        // Item 5 = bucket 0, hash-1 half, slot 1; the widest kind stands at the end of its stride.
+        const uint32_t stride = 8u << width;
+        ASSERT_EQ(Np_Tarn_EML_TableWriteByCpu(0, 0, 0, 1, NP_EML_HALF_HASH1, item.data()), NP_OK);
+        EXPECT_EQ(memory(0x60204000 + 5 * stride + (width == 3 ? 16 : 0), shape.size), item);
+        std::array<uint32_t, 12> read = {};
+        ASSERT_EQ(Np_Tarn_EML_SmemRead(0, 0, 5, read.data()), NP_OK);
+        EXPECT_EQ(std::memcmp(read.data(), item.data(), shape.size), 0);
+        ASSERT_EQ(Np_Tarn_EML_TableReadByCpu(0, 0, 0, 1, NP_EML_HALF_HASH1, read.data()), NP_OK);
+        EXPECT_EQ(std::memcmp(read.data(), item.data(), shape.size), 0);
+    }
+    g_stNpEmlConfig[0] = family;
+    trace_errors(NP_M_EML);
+    uint32_t word = 0;
+    EXPECT_EQ(Np_Tarn_EML_SmemRawDataRead(0, 3, 4, 0, &word), NP_ERR_PARAM);
+    EXPECT_THAT(out.take(), testing::HasSubstr("EML TYPE ERROR ulEmlType=0x00000004 "));
+}
+
+TEST_F(Eml, PairsAreSearchedFromTheFirst)
+{
+    constexpr NpMapPair map[] = {{1, 10}, {2, 20}, {1, 30}, {4, 20}};
+    uint32_t value = 0;
+    EXPECT_EQ(Np_Tarn_Map_GetNpValue(map, 4, 1, &value), NP_OK);
+    EXPECT_EQ(value, 10u);
+    EXPECT_EQ(Np_Tarn_Map_GetExternalValue(map, 4, 20, &value), NP_OK);
+    EXPECT_EQ(value, 2u);
+    EXPECT_EQ(Np_Tarn_Map_GetNpValue(map, 4, 10, &value), 0x9a000018u);
+    EXPECT_EQ(Np_Tarn_Map_GetExternalValue(map, 4, 1, &value), 0x9a000019u);
+    EXPECT_EQ(Np_Tarn_Map_GetNpValue(map, 0, 1, &value), 0x9a000018u);
+    EXPECT_EQ(Np_Tarn_Map_GetExternalValue(map, 0, 20, &value), 0x9a000019u);
+    EXPECT_EQ(value, 2u);
+}
+
+// ---- placement on plain arrays ------------------------------------------------------------------
+
+// A table of numbers; number n lives in the buckets that `home` gives it, 0 is an empty place.
+class PlainTable {
+  public:
+    explicit PlainTable(uint32_t buckets)
+        : shadow(buckets), store{0, 0, shadow.data(), read, write}, items_(8 * buckets)
+    {
+        current_ = this;
+    }
+    PlainTable(const PlainTable &) = delete;
+    PlainTable &operator=(const PlainTable &) = delete;
+
+    uint32_t add(uint32_t number, uint32_t one, uint32_t two)
+    {
+        set_home(number, one, two);
+        NpEmlPlace place = {one, two, 0, 0, 0, 0};
+        uint32_t result = Np_EmlPlaceFind(shadow.data(), &place);
+        check_choice(result, place);
+        if (result == NP_OK) {
+            uint8_t item[NP_EML_ITEM_MAX] = {};
+            std::memcpy(item, &number, sizeof(number));
+            result =
+                (place.ulMove == 0 ? Np_EmlPlaceDirect : Np_EmlPlaceMove)(&store, &place, item);
+            moves += place.ulMove;
+        }
+        return result;
+    }
+    // Into a half of its own, whatever has more room.
+    uint32_t put(uint32_t number, uint32_t one, uint32_t two, uint32_t half)
+    {
+        set_home(number, one, two);
+        const NpEmlPlace place = {one, two, 0, half, half == 0 ? one : two, 0};
+        uint8_t item[NP_EML_ITEM_MAX] = {};
+        std::memcpy(item, &number, sizeof(number));
+        return Np_EmlPlaceDirect(&store, &place, item);
+    }
+    bool drop(uint32_t index)
+    {
+        items_[index] = 0;
+        return Np_EmlPlaceDrop(shadow.data(), index);
+    }
+    uint32_t at(uint32_t index) const
+    {
+        return items_[index];
+    }
+    bool holds(uint32_t number) const
+    {
+        const auto [one, two] = homes_[number];
+        for (uint32_t slot = 0; slot < 4; slot++) {
+            if (items_[8 * one + 4 + slot] == number || items_[8 * two + slot] == number) {
+                return true;
+            }
+        }
+        return false;
+    }
+    void check_shadow() const
+    {
+        expect_shadow(shadow.data(), static_cast<uint32_t>(shadow.size()), [&](uint32_t index) {
+            return items_[index] == 0 ? Homes() : homes_[items_[index]];
+        });
+    }
+
+    std::vector<NpEmlBucketInfo> shadow;
+    NpEmlStore store;
+    uint32_t moves = 0;
+
+  private:
+    void set_home(uint32_t number, uint32_t one, uint32_t two)
+    {
+        homes_.resize(std::max<size_t>(homes_.size(), number + 1));
+        homes_[number] = {one, two};
+    }
+    static uint32_t index(uint32_t bucket, uint32_t slot, uint32_t half)
+    {
+        return 8 * bucket + slot + (half == 0 ? 4 : 0);
+    }
+    static uint32_t read(const NpEmlStore *, uint32_t bucket, uint32_t slot, uint32_t half,
+                         uint8_t *item)
+    {
+        std::memcpy(item, &current_->items_[index(bucket, slot, half)], sizeof(uint32_t));
+        return NP_OK;
+    }
+    static uint32_t write(const NpEmlStore *, uint32_t bucket, uint32_t slot, uint32_t half,
+                          const uint8_t *item)
+    {
+        const uint32_t lost = current_->items_[index(bucket, slot, half)];
+        std::memcpy(&current_->items_[index(bucket, slot, half)], item, sizeof(uint32_t));
+        // What was overwritten stands elsewhere by now.
+        EXPECT_TRUE(lost == 0 || current_->holds(lost)) << lost;
+        return NP_OK;
+    }
+
+    // The first of the candidates with most room: two direct inserts, then eight displacements.
+    void check_choice(uint32_t result, const NpEmlPlace &place) const
+    {
+        struct Candidate {
+            uint32_t room, move, half, bucket, slot;
+        };
+        std::array<Candidate, 10> all = {};
+        size_t num = 0;
+        const uint32_t home[2] = {place.ulHash1Bucket, place.ulHash2Bucket};
+        const auto room = [&](uint32_t bucket, uint32_t half) {
+            return static_cast<uint32_t>(std::count(&items_[index(bucket, 0, half)],
+                                                    &items_[index(bucket, 0, half)] + 4, 0));
+        };
+        for (const uint32_t half : {0u, 1u}) {
+            all[num++] = {room(home[half], half), 0, half, home[half], 0};
+        }
+        for (const uint32_t half : {0u, 1u}) {
+            for (uint32_t slot = 0; slot < 4; slot++) {
+                const uint32_t number = items_[index(home[half], slot, half)];
+                if (number != 0) {
+                    const auto [one, two] = homes_[number];
+                    const uint32_t target = half == 0 ? two : one;
+                    all[num++] = {room(target, 1 - half), 1, half, target, slot};
+                }
+            }
+        }
+        const auto best = std::max_element(
+            all.begin(), all.end(),
+            [](const Candidate &a, const Candidate &b) { return a.room < b.room; });
+        ASSERT_EQ(result, best->room == 0 ? NP_ERR_HASH_CONFLICT : NP_OK);
+        if (result == NP_OK) {
+            ASSERT_EQ(place.ulMove, best->move);
+            ASSERT_EQ(place.ulBucketFlag, best->half);
+            ASSERT_EQ(place.ulInsertBucket, best->bucket);
+            ASSERT_EQ(place.ulMoveSlot, best->slot);
+        }
+    }
+
+    static PlainTable *current_;
+    std::vector<uint32_t> items_;
+    std::vector<std::pair<uint32_t, uint32_t>> homes_;
+};
+
+PlainTable *PlainTable::current_ = nullptr;
+
+TEST(EmlPlacement, MillionsOfSteps)
+{
+    for (const uint32_t buckets : {2u, 16u, 128u}) {
+        SCOPED_TRACE(buckets);
+        std::mt19937 random(buckets);
+        PlainTable table(buckets);
+        uint32_t next = 0;
+        uint32_t used = 0;
+        uint32_t refused = 0;
+        for (uint32_t step = 0; step < 700000; step++) {
+            // Swings between a crowded and a half empty table.
+            const bool grow = random() % 100 < (step / 2000 % 2 == 0 ? 70 : 30);
+            if (grow) {
+                const uint32_t result = table.add(++next, static_cast<uint32_t>(random()) % buckets,
+                                                  static_cast<uint32_t>(random()) % buckets);
+                ASSERT_TRUE(result == NP_OK || result == NP_ERR_HASH_CONFLICT);
+                ASSERT_EQ(table.holds(next), result == NP_OK);
+                used += result == NP_OK ? 1 : 0;
+                refused += result == NP_OK ? 0 : 1;
+            }
+            else {
+                const uint32_t index = static_cast<uint32_t>(random()) % (8 * buckets);
+                const bool there = table.at(index) != 0;
+                ASSERT_EQ(table.drop(index), there);
+                used -= there ? 1 : 0;
+            }
+            if (step % 5000 == 0) {
+                table.check_shadow();
+                uint32_t counted = 0;
+                for (uint32_t index = 0; index < 8 * buckets; index++) {
+                    counted += table.at(index) != 0 ? 1 : 0;
+                }
+                ASSERT_EQ(counted, used);
+            }
+            if (HasFatalFailure()) {
+                FAIL() << "step " << step << " of seed " << buckets;
+            }
+        }
+        EXPECT_GT(table.moves, 1000u);
+        EXPECT_GT(refused, 1000u);
+    }
+}
+
+// Four buckets; key (0, 3) comes last.
+TEST(EmlPlacement, NamedCases)
+{
+    struct Put {
+        uint32_t one, two, half, count;
+    };
+    struct Case {
+        const char *name;
+        std::vector<Put> before;
+        uint32_t result;
+        uint32_t index;  // where the new number goes
+        uint32_t moves;
+    };
+    const Case cases[] = {
+        {"empty", {}, NP_OK, 7, 0},
+        {"one free in each half",
+         {{0, 2, 0, 3}, {1, 3, 1, 3}, {1, 2, 0, 3}, {1, 2, 1, 3}},
+         NP_OK,
+         4,
+         0},
+        {"more room in the hash-2 half", {{0, 3, 0, 2}, {0, 3, 1, 1}}, NP_OK, 8 * 3 + 2, 0},
+        {"one free, but an item there has three free elsewhere",
+         {{0, 2, 0, 3}, {0, 3, 1, 4}, {1, 2, 1, 1}},
+         NP_OK,
+         4 + 1,
+         1},
+        {"both full, the hash-2 half's items have room",
+         {{0, 2, 0, 4}, {1, 2, 1, 4}, {1, 3, 1, 4}},
+         NP_OK,
+         8 * 3,
+         1},
+        {"no room anywhere", {{0, 3, 0, 4}, {0, 3, 1, 4}}, NP_ERR_HASH_CONFLICT, 0, 0},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.name);
+        PlainTable table(4);
+        uint32_t number = 0;
+        for (const Put &put : c.before) {
+            for (uint32_t i = 0; i < put.count; i++) {
+                ASSERT_EQ(table.put(++number, put.one, put.two, put.half), NP_OK);
+            }
+        }
+        ASSERT_EQ(table.add(99, 0, 3), c.result);
+        EXPECT_EQ(table.moves, c.moves);
+        if (c.result == NP_OK) {
+            EXPECT_EQ(table.at(c.index), 99u);
+        }
+        table.check_shadow();
+        for (uint32_t old = 1; old <= number; old++) {
+            EXPECT_TRUE(table.holds(old));
+        }
+    }
+}
+
+TEST(EmlPlacement, AShadowThatDisagreesIsReported)
+{
+    PlainTable table(2);
+    table.shadow[1].aulItem[0] = table.shadow[1].aulItem[1] = 1;
+    table.shadow[1].aulItem[2] = table.shadow[1].aulItem[3] = 1;
+    uint32_t slot = 9;
+    EXPECT_EQ(Np_EmlPlaceIdle(&table.store, 1, NP_EML_HALF_HASH1, &slot), NP_ERR_FAIL);
+    EXPECT_EQ(slot, 9u);
+    EXPECT_EQ(Np_EmlPlaceIdle(&table.store, 1, NP_EML_HALF_HASH2, &slot), NP_OK);
+    EXPECT_EQ(slot, 3u);
+}
+
+// ---- the engine on a chip -----------------------------------------------------------------------
+
+// What a flee entry keeps of an item: no status, and of an AD of ten bytes not the low twelve bits.
+Entry as_flee(const Shape &shape, const Entry &entry)
+{
+    Entry kept = {entry.ad, 0};
+    if (shape.ad == 10) {
+        kept.ad[0] = 0;
+        kept.ad[1] &= 0xf0;
+    }
+    return kept;
+}
+
+class EmlUp : public ChipUp {
+  protected:
+    static constexpr uint32_t kFleeRows = 32;
+
+    // Power off and on, and up again.
+    static void restart()
+    {
+        model::faults_clear();
+        ASSERT_EQ(Np_INIT_SdkDestruct(0), NP_OK);
+        model::attach(0);
+        ASSERT_EQ(Np_INIT_SdkInit(0), NP_OK);
+    }
+    static Image image(const Shape &shape)
+    {
+        return {shape, memory(0x60000000 + 2 * shape.base, 8 * shape.buckets * shape.size)};
+    }
+    static uint32_t add(const Shape &shape, const Bytes &key, const Entry &entry,
+                        uint32_t *location = nullptr, uint32_t *index = nullptr)
+    {
+        Bytes item = make_item(shape, key, entry.ad, entry.status);
+        const Bytes before = item;
+        uint32_t where = 9;
+        const uint32_t result = Np_Tarn_EML_ItemAdd(0, shape.table, &where, index, item.data());
+        EXPECT_EQ(item, before) << "the caller's item changed";
+        if (location != nullptr) {
+            *location = where;
+        }
+        return result;
+    }
+    static uint32_t del(const Shape &shape, const Bytes &key, uint32_t type)
+    {
+        Bytes item = make_item(shape, key, Bytes(shape.ad), 0);
+        return Np_Tarn_EML_ItemDel(0, shape.table, type, item.data());
+    }
+    // The entry that the chip's microcode finds, in the hash table or behind it.
+    static std::optional<std::pair<Entry, bool>> lookup(const Shape &shape, const Bytes &key)
+    {
+        const model::FleeStore flee = {1, 2, 8, shape.table & 0xf};
+        const model::EmlQuery query = {0, shape.tid, key.data(), shape.key,
+                                       shape.flee ? &flee : nullptr};
+        model::EmlResult result = {};
+        EXPECT_EQ(model::lookup_eml(0, query, &result), model::kOk);
+        if (!result.hit) {
+            return std::nullopt;
+        }
+        Entry entry = {{result.ad, result.ad + shape.ad}, result.in_flee ? 0u : result.status};
+        return std::pair{entry, result.in_flee};
+    }
+    static uint32_t &count(const Shape &shape)
+    {
+        return g_aulEmlValidItem[shape.table];
+    }
+    static uint32_t flee_used(const Shape &shape)
+    {
+        uint32_t used = 0;
+        for (uint32_t id = 0; id < NP_FLEE_ENTRY_NUM; id++) {
+            const NpFleeKeyInfo &info = g_astEmlFleeBucketTcamKeyInfo[id];
+            used += info.ulValid == 1 && info.ulItemType == shape.table ? 1 : 0;
+        }
+        return used;
+    }
+
+    // The host's shadow and the store, bucket by bucket.
+    static void check_shadow(const Shape &shape)
+    {
+        const Image at = image(shape);
+        expect_shadow(g_pastEmlBucketInfo[shape.table], shape.buckets, [&](uint32_t index) {
+            const bool there = shape.cpu && at.entry(index).status != 0;
+            return there ? Homes(buckets_of(shape, key_of(shape, at.item(index)))) : Homes();
+        });
+    }
+
+    // The chip finds exactly the reference's keys, with their data, and so does the host.
+    static void check_all(const Shape &shape, const Reference &reference)
+    {
+        check_shadow(shape);
+        const Image at = image(shape);
+        uint32_t items = 0;
+        for (uint32_t index = 0; index < 8 * shape.buckets; index++) {
+            items += status_of(at.item(index)) != 0 ? 1 : 0;
+        }
+        ASSERT_EQ(items + flee_used(shape), reference.size());
+        if (shape.cpu) {
+            ASSERT_EQ(count(shape), reference.size());
+        }
+        uint32_t in_flee = 0;
+        for (const auto &[key, entry] : reference) {
+            const auto found = lookup(shape, key);
+            ASSERT_TRUE(found.has_value());
+            ASSERT_EQ(found->first, found->second ? as_flee(shape, entry) : entry);
+            in_flee += found->second ? 1 : 0;
+
+            Bytes item = make_item(shape, key, Bytes(shape.ad), 7);
+            uint32_t location = 9;
+            uint32_t index = 9;
+            ASSERT_EQ(Np_Tarn_EML_ItemGet(0, shape.table, &location, &index, item.data()), NP_OK);
+            ASSERT_EQ(location, found->second ? 1u : 0u);
+            ASSERT_EQ((Entry{ad_of(shape, item), status_of(item)}), found->first);
+            ASSERT_EQ(key_of(shape, item), key);
+            const std::vector<uint32_t> hits = at.find(key);
+            ASSERT_EQ(hits.size(), found->second ? 0u : 1u);
+            if (!found->second) {
+                ASSERT_EQ(index, hits[0]);
+            }
+            Bytes place(shape.size, 0);
+            ASSERT_EQ(Np_Tarn_EML_ItemGetByIndex(0, shape.table, location, index, place.data()),
+                      NP_OK);
+            ASSERT_EQ(place, make_item(shape, key, found->first.ad, found->first.status));
+        }
+        ASSERT_EQ(in_flee, flee_used(shape));
+    }
+
+    // The eight places of a key are taken, and where the host places, no item there can give way.
+    static bool crowded(const Shape &shape, const Image &at, const Bytes &key)
+    {
+        const auto places = places_of(shape, key);
+        return std::all_of(places.begin(), places.end(),
+                           [&](uint32_t place) { return at.entry(place).status != 0; });
+    }
+    static bool homeless(const Shape &shape, const Image &at, const Bytes &key)
+    {
+        const auto stays = [&](uint32_t place) {
+            // The four places that the item could take instead.
+            const auto others = places_of(shape, key_of(shape, at.item(place)));
+            const auto first = others.begin() + (place % 8 < 4 ? 0 : 4);
+            return std::all_of(first, first + 4,
+                               [&](uint32_t other) { return at.entry(other).status != 0; });
+        };
+        const auto places = places_of(shape, key);
+        return crowded(shape, at, key) &&
+               (!shape.cpu || std::all_of(places.begin(), places.end(), stays));
+    }
+
+    // Keys of one pair of buckets.
+    static std::vector<Bytes> keys_for(const Shape &shape, uint32_t one, uint32_t two, size_t num)
+    {
+        std::mt19937 random(one * 256 + two);
+        std::vector<Bytes> keys;
+        while (keys.size() < num) {
+            Bytes key = random_bytes(random, shape.key);
+            if (buckets_of(shape, key) == std::pair{one, two}) {
+                keys.push_back(std::move(key));
+            }
+        }
+        return keys;
+    }
+};
+
+// Replays what crossed the door, on an image of its own. After each command every key of the hash
+// table that the operation leaves there is there, and an item that is found is whole: as it was
+// before the operation, or as it is afterwards.
+class Replay {
+  public:
+    Replay(Image start, const Reference &before) : image_(std::move(start)), before_(before)
+    {
+        for (const auto &[key, entry] : before) {
+            if (image_.find(key).empty()) {
+                fled_.insert(key);
+            }
+        }
+        model::journal_clear();
+        model::journal_enable(true);
+    }
+
+    void check(const Reference &after)
+    {
+        model::journal_enable(false);
+        Reference all = before_;
+        all.insert(after.begin(), after.end());
+        for (uint32_t i = 0; i < model::journal_count(); i++) {
+            if (!apply(*model::journal_record(i))) {
+                continue;
+            }
+            for (const auto &[key, entry] : all) {
+                const auto old = before_.find(key);
+                const auto now = after.find(key);
+                const std::vector<uint32_t> hits = image_.find(key);
+                const bool stays = old != before_.end() && now != after.end();
+                ASSERT_FALSE(stays && hits.empty() && !fled_.contains(key))
+                    << "a committed key went missing";
+                for (const uint32_t hit : hits) {
+                    const Entry found = image_.entry(hit);
+                    ASSERT_TRUE((old != before_.end() && found == old->second) ||
+                                (now != after.end() && found == now->second));
+                }
+            }
+        }
+        model::journal_clear();
+    }
+
+  private:
+    // True when the command changed the table.
+    bool apply(const model::Record &record)
+    {
+        const Shape &shape = image_.shape;
+        const bool here = (record.address >> 24 & 0xf) == shape.tid;
+        if (record.command == model::RbaOp::kSearchUpdate && here) {
+            const Bytes item(record.data + 16 - shape.size, record.data + 16);
+            image_.put(image_.find(key_of(shape, item)).at(0) * shape.size, item);
+            return true;
+        }
+        const size_t at = ((record.address & 0x3ffffff) - shape.base) * 2;
+        if (record.command != model::RbaOp::kWrite || at >= image_.bytes.size()) {
+            return false;
+        }
+        const uint32_t size = 2u << (record.value >> 8 & 3u);
+        image_.put(at, Bytes(record.data + 16 - size, record.data + 16));
+        return true;
+    }
+
+    Image image_;
+    const Reference &before_;
+    std::set<Bytes> fled_;
+};
+
+struct Walk {
+    uint32_t table;
+    uint32_t steps;
+    bool replay;
+    bool strict;  // with the chip's caches in the way
+};
+
+class EmlWalk : public EmlUp, public testing::WithParamInterface<Walk> {};
+
+INSTANTIATE_TEST_SUITE_P(Tables, EmlWalk,
+                         testing::Values(Walk{2, 2000, false, false}, Walk{3, 3000, true, false},
+                                         Walk{3, 3000, false, true}, Walk{4, 2000, true, false},
+                                         Walk{5, 3000, false, true}, Walk{6, 3000, false, true},
+                                         Walk{17, 3000, true, false}, Walk{18, 2000, false, false}),
+                         [](const testing::TestParamInfo<Walk> &param) {
+                             return "table" + std::to_string(param.param.table) +
+                                    (param.param.strict ? "_caches" : "");
+                         });
+
+TEST_P(EmlWalk, AgreesWithAMap)
+{
+    const Walk walk = GetParam();
+    const Shape &shape = shape_of(walk.table);
+    const uint32_t seed = walk.table * 2 + (walk.strict ? 1 : 0);
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random(seed);
+    const auto below = [&](uint32_t limit) { return static_cast<uint32_t>(random()) % limit; };
+    ASSERT_EQ(model::eml_cache_strict_set(0, walk.strict), model::kOk);
+    // Keys of 16 buckets, more than they and the flee store have room for.
+    std::vector<Bytes> pool;
+    while (pool.size() < 200) {
+        Bytes key = random_bytes(random, shape.key);
+        if (const auto [one, two] = buckets_of(shape, key); one < 16 && two < 16) {
+            pool.push_back(std::move(key));
+        }
+    }
+    Reference reference;
+    uint32_t fled = 0;
+    uint32_t refused = 0;
+    uint32_t moved = 0;
+    // Fills the table for most of the way, then empties it.
+    for (uint32_t step = 0; step < walk.steps && !HasFatalFailure(); step++) {
+        SCOPED_TRACE("step " + std::to_string(step));
+        const Bytes &key = pool[below(200)];
+        const uint32_t percent = below(100);
+        const uint32_t adds = step < walk.steps / 4 * 3 ? 80 : 25;
+        const bool present = reference.contains(key);
+        const bool in_flee = present && lookup(shape, key)->second;
+        const Image at = image(shape);
+        Reference after = reference;
+        std::optional<Replay> replay;
+        if (walk.replay) {
+            replay.emplace(at, reference);
+        }
+        if (percent < adds) {
+            const Entry entry = {random_ad(random, shape), below(2) == 0 ? 15 : 1 + below(14)};
+            const bool stuck = !present && homeless(shape, at, key);
+            uint32_t expected = NP_OK;
+            if (shape.cpu && !present && count(shape) == 8 * shape.buckets) {
+                expected = NP_ERR_TABLE_FULL;
+            }
+            else if (stuck && !shape.flee) {
+                expected = NP_ERR_HASH_CONFLICT;
+            }
+            else if (stuck && flee_used(shape) == kFleeRows) {
+                expected = NP_ERR_TABLE_FULL;
+            }
+            uint32_t location = 9;
+            uint32_t index = 0xffffffff;
+            ASSERT_EQ(add(shape, key, entry, &location, &index), expected);
+            if (expected == NP_OK) {
+                after[key] = entry;
+                ASSERT_EQ(location, shape.cpu ? (stuck || in_flee ? 1u : 0u) : 9u);
+                const std::vector<uint32_t> hits = image(shape).find(key);
+                ASSERT_EQ(index, shape.cpu ? 0xffffffff : hits.at(0));
+            }
+            refused += expected != NP_OK ? 1 : 0;
+            fled += expected == NP_OK && stuck ? 1 : 0;
+            moved += !present && !stuck && crowded(shape, at, key) ? 1 : 0;
+        }
+        else if (percent < 96) {
+            const uint32_t type = below(3);
+            ASSERT_EQ(del(shape, key, type), NP_OK);
+            const bool is_static = present && reference[key].status == 15;
+            if (in_flee || type == 2 || (type == 0) == is_static) {
+                after.erase(key);
+            }
+        }
+        else {
+            const uint32_t index = below(8 * 16);
+            ASSERT_EQ(Np_Tarn_EML_ItemDelByIndex(0, shape.table, 0, index), NP_OK);
+            if (at.entry(index).status != 0) {
+                after.erase(key_of(shape, at.item(index)));
+            }
+            else if (shape.cpu) {
+                ASSERT_EQ(image(shape).bytes, at.bytes);
+            }
+        }
+        if (replay) {
+            replay->check(after);
+        }
+        reference = std::move(after);
+        ASSERT_EQ(lookup(shape, key).has_value(), reference.contains(key));
+        if (step % 250 == 249 || step + 1 == walk.steps) {
+            check_all(shape, reference);
+        }
+    }
+    EXPECT_GT(refused, 0u);
+    EXPECT_EQ(moved > 0, shape.cpu);
+    EXPECT_EQ(fled > 0, shape.flee);
+    for (const auto &[key, entry] : reference) {
+        ASSERT_EQ(del(shape, key, 2), NP_OK);
+    }
+    check_all(shape, {});
+    EXPECT_EQ(count(shape), 0u);
+}
+
+// ---- frames -------------------------------------------------------------------------------------
+
+constexpr uint8_t kRefresh[16][2] = {
+    {0x51, 0}, {0x71, 0}, {0xd1, 0}, {0xf1, 0}, {0x01, 1}, {0x21, 1}, {0x81, 1}, {0xa1, 1},
+    {0x11, 0}, {0x31, 0}, {0x91, 0}, {0xb1, 0}, {0x41, 1}, {0x61, 1}, {0xc1, 1}, {0xe1, 1}};
+
+void expect_engine_refresh(FrameTap &tap)
+{
+    for (const auto &bytes : kRefresh) {
+        EXPECT_EQ(tap.take(), frame({{0, {0x00, 0x00, 0x08, 0x0f, 0xb0, 0x00, 3}},
+                                     {24, {bytes[0], bytes[1], 0x00, 0xf0}}}));
+    }
+}
+
+void expect_memory_refresh(FrameTap &tap)
+{
+    for (uint32_t n = 0; n < 16; n++) {
+        const uint32_t address = 0x113b08 + 8 * n;
+        EXPECT_EQ(tap.take(),
+                  frame({{0,
+                          {static_cast<uint8_t>(address), static_cast<uint8_t>(address >> 8),
+                           static_cast<uint8_t>(address >> 16), 0, 0x00, 0x01, 3}},
+                         {24, {static_cast<uint8_t>(n + 2), 0, 0, 0}}}));
+    }
+}
+
+TEST_F(EmlUp, FramesOfAnItemsLife)
+{
+    const Shape &shape = shape_of(3);
+    const Bytes key = {0x21, 0x43, 0x65, 0x87, 0xa9, 0xcb};
+    const Entry entry = {{0, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77, 0x88, 0x09}, 15};
+    const Bytes item = make_item(shape, key, entry.ad, 15);
+    const auto [one, two] = buckets_of(shape, key);
+    const uint32_t index = 8 * one + 7;
+    const auto plain = [](uint32_t address, uint8_t length, uint8_t access) {
+        return std::pair<size_t, Bytes>{
+            0,
+            {static_cast<uint8_t>(address), static_cast<uint8_t>(address >> 8),
+             static_cast<uint8_t>(address >> 16), 0, 0x00, length, access}};
+    };
+    FrameTap tap;
+    // A new item: search, one write, the engine's cache.
+    ASSERT_EQ(add(shape, key, entry), NP_OK);
+    const Bytes search = frame({{0, {0, 0, 0x05, 0x03, 0x80, 0x00, 3}}, {22, key}});
+    EXPECT_EQ(tap.take(), search);
+    EXPECT_EQ(tap.take(), frame({plain(0x102800 + 8 * index, 3, 3), {12, item}}));
+    expect_engine_refresh(tap);
+    EXPECT_EQ(tap.take_count(), 0u);
+    // A rewrite: search, update, the memory's cache.
+    ASSERT_EQ(add(shape, key, entry), NP_OK);
+    EXPECT_EQ(tap.take(), search);
+    EXPECT_EQ(tap.take(), frame({{0, {0, 0, 0x05, 0x03, 0x90, 0x00, 3}}, {12, item}}));
+    expect_memory_refresh(tap);
+    EXPECT_EQ(tap.take_count(), 0u);
+    // A delete by key: the same with the status at 0.
+    ASSERT_EQ(del(shape, key, 0), NP_OK);
+    Bytes empty = item;
+    empty.back() &= 0x0f;
+    EXPECT_EQ(tap.take(), search);
+    EXPECT_EQ(tap.take(), frame({{0, {0, 0, 0x05, 0x03, 0x90, 0x00, 3}}, {12, empty}}));
+    expect_memory_refresh(tap);
+    EXPECT_EQ(tap.take_count(), 0u);
+    // A delete by place: the top word, the engine's cache; of an empty place nothing.
+    ASSERT_EQ(add(shape, key, entry), NP_OK);
+    tap.take_count();
+    ASSERT_EQ(Np_Tarn_EML_ItemDelByIndex(0, 3, 0, index), NP_OK);
+    EXPECT_EQ(tap.take(), frame({plain(0x102800 - 2 + 8 * (1 + index), 1, 3)}));
+    expect_engine_refresh(tap);
+    ASSERT_EQ(Np_Tarn_EML_ItemDelByIndex(0, 3, 0, index), NP_OK);
+    EXPECT_EQ(tap.take_count(), 0u);
+    EXPECT_EQ(count(shape), 0u);
+    // Where the engine places: one build, no refresh.
+    const Shape &mac = shape_of(2);
+    std::mt19937 random(4);
+    const Bytes mac_key = random_bytes(random, 9);
+    const Entry mac_entry = {random_ad(random, mac), 15};
+    tap.take_count();
+    ASSERT_EQ(add(mac, mac_key, mac_entry), NP_OK);
+    EXPECT_EQ(tap.take(), frame({{0, {0, 0, 0x08, 0x02, 0xb0, 0x00, 3}},
+                                 {12, make_item(mac, mac_key, mac_entry.ad, 15)}}));
+    EXPECT_EQ(tap.take_count(), 0u);
+}
+
+TEST_F(EmlUp, FleeEntriesByTheByte)
+{
+    const Shape &shape = shape_of(6);
+    const std::vector<Bytes> keys = keys_for(shape, 3, 9, 11);
+    for (size_t i = 0; i < keys.size(); i++) {
+        uint32_t location = 9;
+        ASSERT_EQ(add(shape, keys[i], {{static_cast<uint8_t>(i)}, 15}, &location), NP_OK);
+        ASSERT_EQ(location, i < 8 ? 0u : 1u);
+    }
+    EXPECT_EQ(count(shape), 11u);
+    Bytes key(10);
+    Bytes mask(10);
+    Bytes ad(8);
+    ASSERT_EQ(Np_Tarn_LCAM_TcamRead(0, 4, 1, key.data(), mask.data(), ad.data()), NP_OK);
+    Bytes expected = keys[9];
+    expected.insert(expected.end(), {0, 0, 6});
+    EXPECT_EQ(key, expected);
+    EXPECT_EQ(mask, Bytes({0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0x0f}));
+    EXPECT_EQ(ad, Bytes({0, 0, 0, 0, 0, 0, 0, 0x90}));
+    // A rewrite stays where it is; the number that a delete gives back is the next one taken.
+    uint32_t location = 9;
+    ASSERT_EQ(add(shape, keys[9], {{0x05}, 15}, &location), NP_OK);
+    EXPECT_EQ(location, 1u);
+    EXPECT_EQ(count(shape), 11u);
+    ASSERT_EQ(del(shape, keys[9], 0), NP_OK);
+    EXPECT_EQ(count(shape), 10u);
+    Bytes item = make_item(shape, keys[10], {0}, 0);
+    uint32_t index = 9;
+    ASSERT_EQ(Np_Tarn_EML_ItemGet(0, 6, nullptr, &index, item.data()), NP_OK);
+    EXPECT_EQ(index, 2u);
+    EXPECT_EQ(item, make_item(shape, keys[10], {0x0a}, 0));
+    ASSERT_EQ(add(shape, keys[9], {{0x01}, 15}), NP_OK);
+    item = make_item(shape, keys[9], {0}, 0);
+    ASSERT_EQ(Np_Tarn_EML_ItemGet(0, 6, nullptr, &index, item.data()), NP_OK);
+    EXPECT_EQ(index, 1u);
+    // Nothing moves back when room comes free, and the key is found all the same.
+    ASSERT_EQ(del(shape, keys[0], 2), NP_OK);
+    ASSERT_EQ(Np_Tarn_EML_ItemGet(0, 6, &location, nullptr, item.data()), NP_OK);
+    EXPECT_EQ(location, 1u);
+    // By place: another table's number is refused, a second delete too; table 0 owns what is free.
+    EXPECT_EQ(Np_Tarn_EML_ItemDelByIndex(0, 5, 1, 1), NP_ERR_PARAM);
+    ASSERT_EQ(Np_Tarn_EML_ItemDelByIndex(0, 6, 1, 1), NP_OK);
+    EXPECT_EQ(count(shape), 9u);
+    EXPECT_EQ(Np_Tarn_EML_ItemDelByIndex(0, 6, 1, 1), NP_ERR_PARAM);
+    EXPECT_EQ(Np_Tarn_EML_ItemDelByIndex(0, 0, 1, 1), NP_OK);
+    EXPECT_EQ(count(shape_of(0)), 0u);
+    EXPECT_FALSE(lookup(shape, keys[9]).has_value());
+    EXPECT_TRUE(lookup(shape, keys[8]).has_value());
+    // The store is shared: at 32 entries a further key finds no place, and nothing changes.
+    const std::vector<Bytes> more = keys_for(shape_of(4), 1, 2, 40);
+    uint32_t result = NP_OK;
+    size_t added = 0;
+    for (; result == NP_OK && added < more.size(); added++) {
+        result = add(shape_of(4), more[added], {Bytes(8), 1});
+    }
+    EXPECT_EQ(result, NP_ERR_TABLE_FULL);
+    EXPECT_EQ(added, 8 + 30 + 1u);
+    check_shadow(shape_of(4));
+    EXPECT_EQ(count(shape_of(4)), 38u);
+}
+
+// ---- refusals and failures ----------------------------------------------------------------------
+
+#define CALL(expression) [&] { return expression; }
+
+TEST_F(EmlUp, RefusalsInTheirOrder)
+{
+    uint8_t item[16] = {};
+    uint32_t location = 0;
+    uint32_t value = 0;
+    const Shape &shape = shape_of(17);
+    for (const Bytes &key : keys_for(shape, 1, 2, 8)) {
+        ASSERT_EQ(add(shape, key, {{1}, 15}), NP_OK);
+    }
+    const Bytes homeless = make_item(shape, keys_for(shape, 1, 2, 9)[8], {1}, 15);
+    std::memcpy(item, homeless.data(), homeless.size());
+    struct Case {
+        std::function<uint32_t()> call;
+        uint32_t result;
+        const char *text;
+    };
+    const Case cases[] = {
+        {CALL(Np_Tarn_EML_ItemGet(0, 19, &location, nullptr, nullptr)), 0x9a000005,
+         "param error! (ulTableID)=0x00000013\r\n"},
+        {CALL(Np_Tarn_EML_ItemGet(0, 3, &location, nullptr, nullptr)), 0x9a000004,
+         "Para null ptr\r\n"},
+        {CALL(Np_Tarn_EML_ItemGet(0, 17, &location, nullptr, item)), 0x9a000015,
+         "[ERROR] (have no flee bucket) hash item is not exist!"},
+        {CALL(Np_Tarn_EML_ItemGet(0, 3, &location, nullptr, item)), 0x9a000015,
+         "[ERROR] flee bucket item is not exist"},
+        {CALL(Np_Tarn_EML_Search(0, 3, nullptr, item)), 0x9a001601,
+         "[ERROR] eml search failed! ulStatus=0x00000001\r\n"},
+        {CALL(Np_Tarn_EML_ItemGet(0, 8, &location, nullptr, item)), 0x9a000005,
+         "param error! (ulTableID)=0x00000008\r\n"},
+        {CALL(Np_Tarn_EML_ItemGetByIndex(0, 19, 0, 9999, nullptr)), 0x9a000005,
+         "param error! (ulTableID)=0x00000013\r\n"},
+        {CALL(Np_Tarn_EML_ItemGetByIndex(0, 3, 0, 9999, nullptr)), 0x9a000004, "Para null ptr\r\n"},
+        {CALL(Np_Tarn_EML_ItemGetByIndex(0, 3, 0, 128, item)), 0x9a000005,
+         "[ERROR] param error! ulOffset=0x00000080\r\n"},
+        {CALL(Np_Tarn_EML_ItemGetByIndex(0, 3, 1, 96, item)), 0x9a000005,
+         "[ERROR] param error! ulOffset=0x00000060\r\n"},
+        {CALL(Np_Tarn_EML_ItemGetByIndex(0, 3, 1, 95, item)), 0x9a000005,
+         "[ERROR] error parameter! ulLocationType=0x00000001 ulOffset=0x0000005f\r\n"},
+        {CALL(Np_Tarn_EML_ItemGetByIndex(0, 2, 1, 0, item)), 0x9a000018,
+         "g_astEmlFleeBucketMap para map from NP(2) to external failed!\r\n"},
+        {CALL(Np_Tarn_EML_ItemGetByIndex(0, 8, 1, 0, item)), 0x9a000005,
+         "[ERROR] param error! ulKeyID=0x00000000\r\n"},
+        {CALL(Np_Tarn_EML_ItemAdd(0, 19, nullptr, nullptr, nullptr)), 0x9a000005,
+         "param error! (ulTableID)=0x00000013\r\n"},
+        {CALL(Np_Tarn_EML_ItemAdd(0, 3, nullptr, nullptr, item)), 0x9a000004, "Para null ptr\r\n"},
+        {CALL(Np_Tarn_EML_ItemAdd(0, 2, &location, nullptr, nullptr)), 0x9a000004,
+         "Para null ptr\r\n"},
+        {CALL(Np_Tarn_EML_ItemAdd(0, 17, &location, nullptr, item)), 0x9a00000d,
+         "[ERROR] (flee bucket is disable)hash collision, hash item add failed!"},
+        {CALL(Np_Tarn_EML_ItemDel(0, 19, 3, nullptr)), 0x9a000005,
+         "param error! (ulTableID)=0x00000013\r\n"},
+        {CALL(Np_Tarn_EML_ItemDel(0, 3, 3, nullptr)), 0x9a000005,
+         "param error! (ulDelType)=0x00000003\r\n"},
+        {CALL(Np_Tarn_EML_ItemDel(0, 3, 2, nullptr)), 0x9a000004, "Para null ptr\r\n"},
+        {CALL(Np_Tarn_EML_ItemDelByIndex(0, 19, 2, 0)), 0x9a000005,
+         "param error! (ulTableID)=0x00000013\r\n"},
+        {CALL(Np_Tarn_EML_ItemDelByIndex(0, 3, 2, 9999)), 0x9a000005,
+         "param error! (ulLocationType)=0x00000002\r\n"},
+        {CALL(Np_Tarn_EML_ItemDelByIndex(0, 3, 0, 128)), 0x9a000005,
+         "[ERROR] param error! ulOffset=0x00000080\r\n"},
+        {CALL(Np_Tarn_EML_ItemDelByIndex(0, 18, 1, 0)), 0x9a000018,
+         "g_astEmlFleeBucketMap para map from NP(18) to external failed!\r\n"},
+        {CALL(Np_Tarn_EML_ItemDelByIndex(0, 3, 1, 0)), 0x9a000005,
+         "[ERROR] error parameter! ulLocationType=0x00000001 ulOffset=0x00000000 \r\n"},
+        {CALL(Np_Tarn_FleeBucketTbl_Set(0, 0x60, 0x12, nullptr)), 0x9a000005,
+         "[ERROR] param error! ulKeyID=0x00000060\r\n"},
+        {CALL(Np_Tarn_FleeBucketTbl_Set(0, 0, 0x12, nullptr)), 0x9a000005,
+         "param error! (ulItemType)=0x00000012\r\n"},
+        {CALL(Np_Tarn_FleeBucketTbl_Set(0, 0, 1, nullptr)), 0x9a000004, "Para null ptr\r\n"},
+        {CALL(Np_Tarn_FleeBucketTbl_Set(0, 0, 1, item)), 0x9a000018,
+         "g_astEmlFleeBucketMap para map from external(1) to NP failed!\r\n"},
+        {CALL(Np_Tarn_FleeBucketTbl_Get(0, 0, nullptr, item)), 0x9a000004, "Para null ptr\r\n"},
+        {CALL(Np_Tarn_FleeBucketTbl_Del(0, 3, 0x60)), 0x9a000005,
+         "[ERROR] param error! ulKeyID=0x00000060\r\n"},
+        {CALL(Np_Tarn_LmData_FleeBucketTbl_Set(0, 0, 8, item)), 0x9a000005,
+         "[ERROR] param error! ulKeyID=0x00000000\r\n"},
+        {CALL(Np_Tarn_FleeBucketTblKeyIDAssign(0, 8, &value)), 0x9a000010,
+         "[DEBUG] flee bucket is full!\r\n"},
+        {CALL(Np_Tarn_LmData_FleeBucketSearch(0, 8, nullptr, nullptr, item)), 0x9a001602,
+         "[DEBUG] flee bucket not exist\r\n"},
+        {CALL(Np_Tarn_EML_SmemEmlCacheRefresh(0, 1)), 0x9a000005,
+         "param error! (ulTableID)=0x0000000c\r\n"},
+    };
+    const Bytes before = store();
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.text);
+        Np_PrintLevelSet(NP_M_EML, NP_PRINT_ERROR, 1);
+        Np_PrintLevelSet(NP_M_EML, NP_PRINT_DEBUG, 1);
+        EXPECT_EQ(c.call(), c.result);
+        EXPECT_THAT(out.take(), testing::HasSubstr(std::string("]: ") + c.text));
+    }
+    EXPECT_EQ(store(), before);
+    // A full table refuses a new key and takes a rewrite.
+    Np_PrintLevelInit();
+    count(shape) = 8 * shape.buckets;
+    EXPECT_EQ(add(shape, keys_for(shape, 3, 4, 1)[0], {{1}, 15}), NP_ERR_TABLE_FULL);
+    EXPECT_EQ(add(shape, keys_for(shape, 1, 2, 1)[0], {{1}, 15}), NP_OK);
+    count(shape) = 8;
+    // A delete spares what its type says.
+    EXPECT_EQ(add(shape, keys_for(shape, 1, 2, 1)[0], {{1}, 5}), NP_OK);
+    EXPECT_EQ(del(shape, keys_for(shape, 1, 2, 1)[0], 0), NP_OK);
+    EXPECT_EQ(lookup(shape, keys_for(shape, 1, 2, 1)[0])->first.status, 5u);
+}
+
+#undef CALL
+
+// A status word of a hash command, and what comes of it.
+TEST_F(EmlUp, StatusWords)
+{
+    struct Case {
+        const char *command;
+        uint32_t status;
+        uint32_t result;
+        const char *text;
+        uint32_t sends;
+    };
+    const Case cases[] = {
+        {"search", 2, NP_ERR_SMEM_OP, "[ERROR] eml search failed! ulStatus=0x00000002\r\n", 1},
+        {"search_update", 1, NP_ERR_SMEM_OP, "\r\n eml build failed! ulStatus=0x1", 1},
+        {"search_update_build", 5, 0x9a00003e,
+         "\r\n [ERROR] eml build failed! NO SEM! ulStatus=0x5", 8},
+        {"search_update_build", 6, 0x9a00000d,
+         "\r\n [ERROR] eml build failed! HASH COLLISION ulStatus=0x6", 1},
+        {"search_update_build", 9, NP_ERR_SMEM_OP, "\r\n [ERROR] eml build failed! ulStatus=0x9",
+         1},
+    };
+    uint8_t item[16] = {};
+    item[15] = 0xf0;
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.text);
+        set_fault(std::string("rba count=0 op=") + c.command +
+                  " status=" + std::to_string(c.status));
+        trace_errors(NP_M_EML);
+        FrameTap tap;
+        uint32_t result = Np_Tarn_EML_Search(0, 2, nullptr, item);
+        if (std::string(c.command) == "search_update") {
+            result = Np_Tarn_EML_SearchUpdate(0, 2, nullptr, item);
+        }
+        if (std::string(c.command) == "search_update_build") {
+            tap.take_count();
+            uint32_t location = 0;
+            result = Np_Tarn_EML_ItemAdd(0, 2, &location, nullptr, item);
+            EXPECT_EQ(tap.take_count(), c.sends);
+        }
+        EXPECT_EQ(result, c.result);
+        EXPECT_THAT(out.take(), testing::HasSubstr(c.text));
+        Np_PrintLevelInit();
+    }
+    // A semaphore that comes free in time costs sends, no more.
+    model::faults_clear();
+    ASSERT_EQ(model::eml_semaphore_hold(0, 0, 2, 7), model::kOk);
+    EXPECT_EQ(Np_Tarn_EML_SearchUpdateBuild(0, 2, nullptr, item), NP_OK);
+}
+
+// What an operation made of a failure at the door.
+struct Outcome {
+    uint32_t frames = 0;
+    uint32_t failed_at = 0;  // 0 when nothing failed
+    model::RbaOp failed = model::RbaOp::kUnknown;
+    uint32_t code() const
+    {
+        switch (failed) {
+            case model::RbaOp::kAdWrite:
+                return 0x9a000025;
+            case model::RbaOp::kAdRead:
+                return 0x9a000024;
+            case model::RbaOp::kTcamReadData:
+            case model::RbaOp::kTcamReadMask:
+                return 0x9a000026;
+            case model::RbaOp::kTcamWriteData:
+            case model::RbaOp::kTcamWriteMask:
+            case model::RbaOp::kTcamValidClear:
+                return 0x9a000027;
+            case model::RbaOp::kTcamClearData:
+            case model::RbaOp::kTcamClearMask:
+                return 0x9a000028;
+            default:
+                return failed_at == 0 ? NP_OK : 0x77;
+        }
+    }
+};
+
+Outcome outcome_of_journal()
+{
+    Outcome outcome;
+    for (uint32_t i = 0; i < model::journal_count(); i++) {
+        const model::Record &record = *model::journal_record(i);
+        if (record.kind != model::RecordKind::kRba) {
+            continue;
+        }
+        outcome.frames++;
+        if (record.result == 0x77) {
+            outcome.failed_at = outcome.frames;
+            outcome.failed = record.command;
+        }
+    }
+    return outcome;
+}
+
+// Each driver call of each operation fails once. The result is the written code; the shadow says
+// what the store holds; every other key is there with its data; the count is that of the keys; no
+// flee number is lost; and the same operation then succeeds.
+TEST_F(EmlUp, EveryDriverCallMayFail)
+{
+    const Shape &shape = shape_of(4);
+    const Entry old_entry = {{1, 2, 3, 4, 5, 6, 7, 8}, 15};
+    const Entry new_entry = {{9, 8, 7, 6, 5, 4, 3, 2}, 15};
+    // Eight find a place in the table, the others go to the flee store.
+    const std::vector<Bytes> keys = keys_for(shape, 5, 6, 12);
+    // The mover's halves are full: of bucket 2 for good, of bucket 1 with items that can go to 9.
+    const Bytes mover = keys_for(shape, 1, 2, 1)[0];
+    std::vector<Bytes> in_the_way = keys_for(shape, 2, 2, 8);
+    const std::vector<Bytes> movable = keys_for(shape, 1, 9, 8);  // every second stands in bucket 9
+    in_the_way.insert(in_the_way.end(), movable.begin(), movable.end());
+    struct Scene {
+        const char *name;
+        std::vector<Bytes> before;
+        Bytes key;  // that the operation is about
+        bool adds;
+        uint32_t frames;        // of the undisturbed operation, 0 if not counted
+        uint32_t location = 9;  // of a delete by place
+        uint32_t place = 0;
+    };
+    const auto first = [&](size_t num) { return std::vector(keys.data(), keys.data() + num); };
+    const Scene scenes[] = {
+        {"add", first(3), keys[3], true, 18},
+        {"add with a displacement", in_the_way, mover, true, 20},
+        {"rewrite", first(3), keys[1], true, 18},
+        {"add to the flee store", first(9), keys[9], true, 0},
+        {"rewrite in the flee store", first(10), keys[9], true, 0},
+        {"delete", first(10), keys[2], false, 18},
+        {"delete in the flee store", first(10), keys[9], false, 0},
+        {"delete of an absent key", first(9), keys[11], false, 0},
+        {"delete by place", first(3), keys[0], false, 17, 0, 8 * 5 + 7},
+        {"delete by place in the flee store", first(9), keys[8], false, 0, 1, 0},
+    };
+    const auto run = [&](const Scene &scene) {
+        if (scene.adds) {
+            return add(shape, scene.key, new_entry);
+        }
+        return scene.location == 9 ? del(shape, scene.key, 2)
+                                   : Np_Tarn_EML_ItemDelByIndex(0, 4, scene.location, scene.place);
+    };
+    for (const Scene &scene : scenes) {
+        Outcome outcome = {.failed_at = 1};
+        for (uint32_t fail = 1; outcome.failed_at != 0; fail++) {
+            SCOPED_TRACE(std::string(scene.name) + ", call " + std::to_string(fail));
+            restart();
+            Reference others;
+            for (const Bytes &key : scene.before) {
+                ASSERT_EQ(add(shape, key, old_entry), NP_OK);
+                others[key] = old_entry;
+            }
+            for (size_t i = 1; scene.key == mover && i < movable.size(); i += 2) {
+                ASSERT_EQ(del(shape, movable[i], 2), NP_OK);
+                others.erase(movable[i]);
+            }
+            const bool was = others.erase(scene.key) != 0;
+            const uint32_t flee_place = scene.location == 1 ? scene.place : 1;
+            model::journal_clear();
+            model::journal_enable(true);
+            set_fault("Qd_RBA_CommandSend code=0x77 nth=" + std::to_string(fail));
+            const uint32_t result = run(scene);
+            model::faults_clear();
+            model::journal_enable(false);
+            outcome = outcome_of_journal();
+            ASSERT_EQ(result, outcome.code());
+            if (outcome.failed_at == 0 && scene.frames != 0) {
+                EXPECT_EQ(outcome.frames, scene.frames);
+            }
+            check_shadow(shape);
+            const Image at = image(shape);
+            size_t in_table = at.find(scene.key).size();
+            for (const auto &[key, entry] : others) {
+                const auto found = lookup(shape, key);
+                ASSERT_TRUE(found.has_value());
+                ASSERT_EQ(found->first, found->second ? as_flee(shape, entry) : entry);
+                in_table += found->second ? 0 : 1;
+            }
+            ASSERT_EQ(count(shape), in_table + flee_used(shape));
+            const auto found = lookup(shape, scene.key);
+            ASSERT_TRUE(!found || was || scene.adds);
+            ASSERT_TRUE(!found || found->first.ad == new_entry.ad ||
+                        found->first.ad == old_entry.ad);
+            if (scene.key == mover && outcome.failed_at == 4) {
+                EXPECT_FALSE(found);  // the displaced item stands twice, as told
+                continue;
+            }
+            // Once more. A flee entry that is half cleared has lost its key, and goes by place.
+            if (outcome.failed == model::RbaOp::kTcamClearMask) {
+                ASSERT_EQ(Np_Tarn_EML_ItemDelByIndex(0, 4, 1, flee_place), NP_OK);
+            }
+            else if (outcome.failed_at != 0 || scene.adds) {
+                ASSERT_EQ(run(scene), NP_OK);
+            }
+            if (scene.adds) {
+                others[scene.key] = new_entry;
+            }
+            check_all(shape, others);
+            uint32_t id = 0;
+            uint32_t free_ids = 0;
+            while (Np_Tarn_Pop(0, NP_STACK_FLEE, &id) == NP_OK) {
+                free_ids++;
+            }
+            ASSERT_EQ(free_ids + flee_used(shape), kFleeRows);
+        }
+    }
+}
+
+// ---- bring-up -----------------------------------------------------------------------------------
+
+TEST_F(Eml, BringUpDeclaresTheTablesInOrder)
+{
+    model::journal_enable(true);
+    ASSERT_EQ(Np_Tarn_EML_Init(0), NP_OK);
+    model::journal_enable(false);
+    std::vector<std::string> calls;
+    uint32_t frames = 0;
+    for (uint32_t i = 0; i < model::journal_count(); i++) {
+        const model::Record &record = *model::journal_record(i);
+        char line[160];
+        model::journal_format(record, line, sizeof(line));
+        if (record.kind == model::RecordKind::kCall) {
+            calls.emplace_back(std::strstr(line, "Qd_"));
+        }
+        frames += record.kind == model::RecordKind::kRba ? 1 : 0;
+    }
+    EXPECT_EQ(frames, 32u);
+    std::vector<std::string> expected;
+    for (const Shape &shape : kShapes) {
+        char line[160];
+        std::snprintf(line, sizeof(line), "Qd_SMEM_EmlExcludeEnableSet(0, 0x0, 0x%x, 0x1) = 0x0",
+                      static_cast<unsigned>(shape.tid));
+        expected.emplace_back(line);
+        std::snprintf(line, sizeof(line),
+                      "Qd_SMEM_EmlTableSet(0, 0x0, 0x%x, 0x%x, 0x%x, 0x%x) = 0x0",
+                      static_cast<unsigned>(shape.tid), static_cast<unsigned>(shape.base & 0xfffff),
+                      static_cast<unsigned>(__builtin_ctz(shape.buckets)), shape.size == 8 ? 0 : 1);
+        expected.emplace_back(line);
+    }
+    EXPECT_EQ(calls, expected);
+    // All that it allocated goes again, and twice does no harm.
+    OsHostMemory before;
+    Os_HostMemoryGet(&before);
+    ASSERT_EQ(Np_Tarn_EML_Destruct(0), NP_OK);
+    ASSERT_EQ(Np_Tarn_EML_Destruct(0), NP_OK);
+    OsHostMemory after;
+    Os_HostMemoryGet(&after);
+    EXPECT_EQ(before.ulBlocks - after.ulBlocks, std::size(kShapes));
+    EXPECT_EQ(before.ulBadFrees, after.ulBadFrees);
+    // Without a shadow an add is refused, and a delete finds nothing to keep.
+    uint8_t item[16] = {};
+    item[15] = 0xf0;
+    uint32_t location = 0;
+    EXPECT_EQ(Np_Tarn_EML_ItemAdd(0, 3, &location, nullptr, item), NP_ERR_NULL_PTR);
+    EXPECT_EQ(Np_Tarn_EML_ItemDel(0, 3, 2, item), NP_OK);
+    EXPECT_EQ(Np_Tarn_EML_ItemDelByIndex(0, 3, 0, 7), NP_OK);
+}
+
+TEST_F(Eml, BringUpPassesFailuresOn)
+{
+    static uint32_t recorded = 0;
+    ASSERT_EQ(Np_Glb_RecordErrInfoHook(0, [](uint32_t code, uint32_t) { recorded = code; }), NP_OK);
+    struct Case {
+        const char *fault;
+        uint32_t result;
+        const char *text;
+        bool recorded;
+    };
+    const Case cases[] = {
+        {"Qd_SMEM_EmlExcludeEnableSet nth=3 code=0x41", 0x41,
+         "[ERROR] Qd_tarn_SMEM_EmlExcludeEnableSet ERROR, ulReturn=0x00000041 "
+         "ulSmemID=0x00000000 ulTid=0x00000003\r\n",
+         true},
+        {"Qd_SMEM_EmlTableSet nth=2 code=0x42", 0x42,
+         "[ERROR] Qd_SMEM_EmlTableSet ERROR: ulTableID=0x00000002 ulSmemID=0x00000000 "
+         "ulTID=0x00000002 ulBaseAddr=0x00134000ulBucketWidth=0x00000008 ulTblWidth=0x00000001\r\n",
+         true},
+        {"alloc nth=4", NP_ERR_NO_MEMORY, "memory alloc failed!\r\n", false},
+        {"rba nth=1 code=0x43 count=0", NP_OK, "", false},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.fault);
+        recorded = 0;
+        set_fault(c.fault);
+        trace_errors(NP_M_EML);
+        EXPECT_EQ(Np_Tarn_EML_Init(0), c.result);
+        EXPECT_THAT(out.take(), testing::HasSubstr(c.text));
+        EXPECT_EQ(recorded, c.recorded ? c.result : 0u);
+        model::faults_clear();
+        ASSERT_EQ(Np_Tarn_EML_Destruct(0), NP_OK);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,512 @@
+// The debug tool as its users meet it: the program itself, started.
+#include "tests/process.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <chrono>
+#include <thread>
+
+namespace ldsdk::test {
+
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+Finished tool(std::vector<std::string> arguments, const std::string &input = "")
+{
+    arguments.insert(arguments.begin(), LDSDK_TOOL);
+    return run(arguments, input);
+}
+
+Finished script(const std::string &text)
+{
+    return tool({"--script", "-"}, text);
+}
+
+bool is_one_line(const std::string &text)
+{
+    return text.find('\n') == text.size() - 1;
+}
+
+// ---- what is refused ----------------------------------------------------------------------------
+
+struct Refusal {
+    std::vector<std::string> arguments;
+    int status;
+    std::vector<std::string> named;  // what the one line on standard error says
+};
+
+void PrintTo(const Refusal &refusal, std::ostream *stream)
+{
+    for (const std::string &argument : refusal.arguments) {
+        *stream << argument.substr(0, 40) << ' ';
+    }
+}
+
+class Refused : public testing::TestWithParam<Refusal> {};
+
+TEST_P(Refused, WithOneClearLine)
+{
+    const Finished finished = tool(GetParam().arguments);
+    EXPECT_EQ(finished.status, GetParam().status);
+    EXPECT_EQ(finished.out, "");
+    EXPECT_THAT(finished.err, StartsWith("ldsdk: "));
+    EXPECT_TRUE(is_one_line(finished.err)) << finished.err;
+    for (const std::string &text : GetParam().named) {
+        EXPECT_THAT(finished.err, HasSubstr(text));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Usage, Refused,
+    testing::Values(
+        Refusal{{"--bogus", "micro"}, 2, {"--bogus", "--help"}},
+        Refusal{{"--script"}, 2, {"--script"}}, Refusal{{"--script", ""}, 2, {"--script"}},
+        Refusal{{"--script", "x", "micro"}, 2, {"micro", "--script"}},
+        Refusal{{"--echo"}, 2, {"--echo", "--script"}},
+        Refusal{{"--device", "", "micro"}, 2, {"--device"}},
+        Refusal{{"--device", "unix:", "micro"}, 2, {"unix:"}},
+        Refusal{{"--device", "unix:/" + std::string(200, 'x'), "micro"}, 2, {"107 bytes"}},
+        Refusal{{"serve"}, 2, {"--socket"}},
+        Refusal{{"-d", "x", "serve", "--socket", "y"}, 2, {"serve"}},
+        Refusal{{"chop"}, 2, {"\"chop\"", "micro", "chip"}},
+        Refusal{{"micro chip"}, 2, {"\"micro chip\""}},
+        Refusal{{"chip", "dig"}, 2, {"\"dig\"", "peek", "journal"}},
+        Refusal{{"chip", "journal"}, 2, {"on, off, show, clear"}},
+        Refusal{{"chip", "journal", "maybe"}, 2, {"\"maybe\"", "on, off, show, clear"}},
+        Refusal{{"chip", "poke", "0x60200000"}, 2, {"ADDR VALUE"}},
+        Refusal{{"chip", "peek", "0x60200000", "1", "2"}, 2, {"\"2\"", "ADDR [WORDS]"}},
+        Refusal{{"chip", "fault", "Qd_Nothing"}, 2, {"\"Qd_Nothing\"", "unknown operation"}}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Numbers, Refused,
+    testing::Values(Refusal{{"chip", "peek", "zz"}, 2, {"\"zz\"", "chip address"}},
+                    Refusal{{"chip", "peek", ""}, 2, {"\"\"", "chip address"}},
+                    Refusal{{"chip", "peek", "0x"}, 2, {"\"0x\"", "chip address"}},
+                    Refusal{{"chip", "peek", "-4"}, 2, {"\"-4\"", "chip address"}},
+                    Refusal{{"chip", "peek", "0x100000000"}, 2, {"0xffffffff"}},
+                    Refusal{{"chip", "peek", "99999999999999999999"}, 2, {"chip address"}},
+                    Refusal{{"chip", "peek", "0x60200002"}, 2, {"multiple of 4"}},
+                    Refusal{{"chip", "peek", "0x60200000", "0"}, 2, {"\"0\"", "1 to"}},
+                    Refusal{{"chip", "peek", "0xfffffffc", "2"}, 2, {"\"2\"", "1 at most"}},
+                    Refusal{{"chip", "poke", "0x60200000", "1x"}, 2, {"\"1x\"", "32-bit"}},
+                    Refusal{{"chip", "advance", "1.5"}, 2, {"\"1.5\"", "ticks"}},
+                    Refusal{{"chip", "attach", "0"}, 2, {"1 to 3"}},
+                    Refusal{{"chip", "select", "4"}, 2, {"0 to 3"}}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Failures, Refused,
+    testing::Values(Refusal{{"--script", "/nowhere/x"}, 1, {"/nowhere/x", "No such file"}},
+                    Refusal{{"--script", "/"}, 1, {"Is a directory"}},
+                    Refusal{{"-d", "unix:/nowhere/x", "micro"}, 1, {"unix:/nowhere/x"}},
+                    Refusal{{"-d", "/nowhere/x", "micro"}, 1, {"/nowhere/x", "No such file"}},
+                    Refusal{{"-d", "/dev/null", "micro"}, 1, {"/dev/null", "ioctl"}},
+                    Refusal{{"-d", "/dev/null", "chip", "help"}, 1, {"/dev/null", "micro"}},
+                    Refusal{{"serve", "--socket", "/nowhere/x"}, 1, {"/nowhere/x"}},
+                    Refusal{{"chip", "peek", "0x50000000"}, 1, {"chip 0", "0x50000000"}},
+                    Refusal{{"chip", "select", "1"}, 1, {"chip 1", "not attached"}}));
+
+// The buffer holds a count of 4 bytes, the tool's own name and the words, each with its NUL.
+TEST(ToolBuffer, EndsAtByte512)
+{
+    const size_t room = 512 - 4 - sizeof "ldsdk" - sizeof "micro";
+    EXPECT_EQ(tool({"micro", std::string(room - 1, 'x')}).status, 0);
+    const Finished refused = tool({"micro", std::string(room, 'x')});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.err, HasSubstr("word 2"));
+    EXPECT_THAT(refused.err, HasSubstr("513 bytes"));
+    EXPECT_TRUE(is_one_line(refused.err));
+    EXPECT_THAT(script("\nmicro " + std::string(room, 'x') + "\n").err, StartsWith("ldsdk: -:2: "));
+}
+
+// ---- commands -----------------------------------------------------------------------------------
+
+TEST(Tool, PrintsWhatTheModulePrints)
+{
+    const Finished version = tool({"micro", "glb", "version", "sdk"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.err, "");
+    EXPECT_THAT(version.out, StartsWith("\n\r"));
+    EXPECT_THAT(version.out, HasSubstr("Lodestone1.3.10.0022forQA02MXU"));
+
+    // An unknown word is answered by the list of its level, without an error.
+    const Finished unknown = tool({"micro", "glb", "version", "nothing"});
+    EXPECT_EQ(unknown.status, 0);
+    EXPECT_EQ(unknown.out, std::string(29, ' ') + "sdk \t sdk version\n" + std::string(27, ' ') +
+                               "micro \t micro version\n");
+}
+
+TEST(Tool, HelpAndVersionAreAnswers)
+{
+    for (const char *option : {"--help", "--version"}) {
+        const Finished answer = tool({option});
+        EXPECT_EQ(answer.status, 0);
+        EXPECT_THAT(answer.out, HasSubstr("ldsdk"));
+        EXPECT_EQ(answer.err, "");
+    }
+    EXPECT_EQ(tool({"chip"}).out, tool({"chip", "help"}).out);
+    EXPECT_THAT(tool({"chip", "help"}).out, HasSubstr("chip poke ADDR VALUE"));
+}
+
+TEST(ToolChip, MemoryReadsBack)
+{
+    const Finished finished = script(
+        "chip poke 0x60222204 0xdeadbeef\n"
+        "chip poke 1612849680 7\n"  // 0x60222210
+        "chip peek 0x60222200 5\n");
+    EXPECT_EQ(finished.status, 0) << finished.err;
+    EXPECT_EQ(finished.out,
+              "0x60222200: 00000000 deadbeef 00000000 00000000\n"
+              "0x60222210: 00000007\n");
+}
+
+TEST(ToolChip, SlavesAreChipsOfTheirOwn)
+{
+    const Finished finished = script(
+        "chip attach 1\n"
+        "chip select 1\n"
+        "chip poke 0x60222200 1\n"
+        "chip peek 0x60222200\n"
+        "chip select 0\n"
+        "chip peek 0x60222200\n"
+        "micro chip set 1\n"
+        "micro glb version sdk\n");
+    EXPECT_EQ(finished.status, 0) << finished.err;
+    EXPECT_THAT(finished.out, StartsWith("0x60222200: 00000001\n0x60222200: 00000000\n"));
+    EXPECT_THAT(finished.out, HasSubstr("Lodestone1.3.10.0022forQA02MXU"));
+}
+
+TEST(ToolChip, JournalAndFaultsAreShown)
+{
+    const Finished finished = script(
+        "chip journal on\n"
+        "chip poke 0x60222200 1\n"  // no crossing of a door
+        "chip journal show\n"
+        "chip journal off\n"
+        "chip fault rba op=write nth=3\n"
+        "chip fault alloc\n"
+        "chip fault list\n"
+        "chip fault clear\n"
+        "chip fault list\n"
+        "chip advance 10000\n"
+        "chip journal show 5\n");
+    EXPECT_EQ(finished.status, 0) << finished.err;
+    EXPECT_EQ(finished.out,
+              "0 of 0 records, 0 lost, recording on\n"
+              "rba op=write nth=3\n"
+              "alloc\n"
+              "0 of 0 records, 0 lost, recording off\n");
+}
+
+// A line of the model begins on a line of its own, though the module leaves its last one open.
+TEST(ToolChip, AnswersBeginOnTheirOwnLine)
+{
+    const std::string module = tool({"micro", "chip", "get"}).out;
+    ASSERT_NE(module.back(), '\n');
+    EXPECT_EQ(script("micro chip get\nchip peek 0x60222200\n").out,
+              module + "\n0x60222200: 00000000\n");
+}
+
+// ---- scripts ------------------------------------------------------------------------------------
+
+TEST(ToolScript, RunsLineByLineAsOneShotsDo)
+{
+    const std::string get = tool({"micro", "chip", "get"}).out;
+    struct {
+        const char *what;
+        std::string text;
+    } const scripts[] = {
+        {"plain", "micro chip get\n"},
+        {"no line end", "micro chip get"},
+        {"comments and blanks", "# first\n\n   \n\tmicro  chip\tget   # behind\n   # last\n"},
+        {"carriage returns", "\r\nmicro chip get\r\n"},
+        {"quotes", "\"micro\" 'chip' g\"e\"'t'\n"},
+    };
+    const TempFolder folder;
+    for (const auto &each : scripts) {
+        const Finished piped = script(each.text);
+        EXPECT_EQ(piped.status, 0) << each.what << piped.err;
+        EXPECT_EQ(piped.out, get) << each.what;
+        EXPECT_EQ(tool({"-s", folder.write("script", each.text)}).out, get) << each.what;
+        EXPECT_EQ(tool({}, each.text).out, get) << each.what;  // no terminal: a script
+    }
+    std::string many;
+    std::string expected;
+    for (int i = 0; i < 10000; i++) {
+        many += "micro chip get\n";
+        expected += get;
+    }
+    EXPECT_EQ(script(many).out, expected);
+}
+
+TEST(ToolScript, StopsAtTheFirstErrorAndNamesItsPlace)
+{
+    const TempFolder folder;
+    struct {
+        std::string line;
+        std::string said;
+    } const lines[] = {
+        {"chop", "\"chop\""},
+        {"chip peek zz", "\"zz\""},
+        {"chip peek 0x50000000", "0x50000000"},
+        {"micro 'open", "quote in column 7"},
+        {std::string("micro a\0b", 9), "NUL byte in column 8"},
+        {"\"\"", "\"\""},
+    };
+    for (const auto &each : lines) {
+        const std::string file = folder.write(
+            "bad", "chip poke 0x60222200 1\n\n" + each.line + "\nchip peek 0x60222200\n");
+        const Finished finished = tool({"--script", file});
+        EXPECT_EQ(finished.status, 1) << each.line;
+        EXPECT_EQ(finished.out, "") << each.line;
+        EXPECT_THAT(finished.err, StartsWith("ldsdk: " + file + ":3: ")) << each.line;
+        EXPECT_THAT(finished.err, HasSubstr(each.said));
+        EXPECT_TRUE(is_one_line(finished.err)) << finished.err;
+    }
+}
+
+TEST(ToolScript, EchoGoesToStandardError)
+{
+    // No terminal, so --interactive changes nothing.
+    const Finished finished = tool({"-i", "--echo", "-s", "-"}, "# note\nchip peek 0x60222200\n");
+    EXPECT_EQ(finished.out, "0x60222200: 00000000\n");
+    EXPECT_EQ(finished.err, "# note\nldsdk> chip peek 0x60222200\n");
+}
+
+TEST(ToolScript, TheExamplesRun)
+{
+    const Finished finished =
+        tool({"--script", LDSDK_SOURCE_DIR "/examples/scripts/access-node.ldsdk"});
+    EXPECT_EQ(finished.status, 0) << finished.err;
+    EXPECT_THAT(finished.out, HasSubstr("Lodestone1.3.10.0022forQA02MXU"));
+}
+
+TEST(ToolScript, EndsQuietlyWhenNobodyReads)
+{
+    int ends[2];
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    ::close(ends[0]);
+    std::string many;
+    for (int i = 0; i < 20000; i++) {
+        many += "micro chip get\n";
+    }
+    Process process({LDSDK_TOOL, "--script", "-"}, many, ends[1]);
+    ::close(ends[1]);
+    const Finished finished = process.wait();
+    EXPECT_EQ(finished.status, 1);
+    EXPECT_EQ(finished.err, "");
+}
+
+// ---- the server ---------------------------------------------------------------------------------
+
+class Server : public testing::Test {
+  protected:
+    Server() : socket_(folder_.path("socket")), server_({LDSDK_TOOL, "serve", "--socket", socket_})
+    {
+        wait_until_serving(server_);
+    }
+
+    static void wait_until_serving(const Process &server)
+    {
+        for (int i = 0; i < 2000 && server.err().find("serving") == std::string::npos; i++) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+    }
+
+    Finished client(std::vector<std::string> arguments, const std::string &input = "") const
+    {
+        arguments.insert(arguments.begin(), {"--device", "unix:" + socket_});
+        return tool(arguments, input);
+    }
+
+    // A connection that speaks for itself.
+    int connect() const
+    {
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        socket_.copy(address.sun_path, sizeof address.sun_path - 1);
+        const int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        EXPECT_EQ(::connect(fd, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+        return fd;
+    }
+
+    TempFolder folder_;
+    std::string socket_;
+    Process server_;
+};
+
+std::string little32(uint32_t value)
+{
+    std::string bytes;
+    for (int shift = 0; shift < 32; shift += 8) {
+        bytes.push_back(static_cast<char>(value >> shift));
+    }
+    return bytes;
+}
+
+std::string request(uint32_t kind, const std::string &body)
+{
+    return little32(kind) + little32(static_cast<uint32_t>(body.size())) + body;
+}
+
+std::string receive_exactly(int fd, size_t size)
+{
+    std::string bytes(size, '\0');
+    size_t held = 0;
+    while (held < size) {
+        const ssize_t done = ::recv(fd, bytes.data() + held, size - held, 0);
+        if (done <= 0) {
+            break;
+        }
+        held += static_cast<size_t>(done);
+    }
+    bytes.resize(held);
+    return bytes;
+}
+
+TEST_F(Server, AnswersAsTheToolItself)
+{
+    struct stat info = {};
+    ASSERT_EQ(::stat(socket_.c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 0777, 0600u);
+
+    const std::string text =
+        "micro\nmicro chip get\nchip poke 0x60222200 5\nchip peek 0x60222200\n"
+        "micro glb version sdk\n";
+    const Finished here = script(text);
+    const Finished there = client({"--script", "-"}, text);
+    EXPECT_EQ(there.status, 0) << there.err;
+    EXPECT_EQ(there.out, here.out);
+
+    // The chip outlives a client, the client's choice of a chip doesn't.
+    EXPECT_EQ(client({"chip", "attach", "1"}).status, 0);
+    EXPECT_EQ(client({"-s", "-"}, "chip select 1\nchip peek 0x60222200\n").out,
+              "0x60222200: 00000000\n");
+    EXPECT_EQ(client({"chip", "peek", "0x60222200"}).out, "0x60222200: 00000005\n");
+
+    const Finished refused = client({"chip", "peek", "zz"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.err, tool({"chip", "peek", "zz"}).err);
+    EXPECT_EQ(client({"-s", "-"}, "chip peek 0x50000000\n").status, 1);
+}
+
+TEST_F(Server, ServesSeveralAtOnceAndLeavesNothingBehind)
+{
+    const int idle = connect();
+    std::vector<std::thread> clients;
+    const std::string expected = tool({"micro", "chip", "get"}).out;
+    std::string lines;
+    std::string text;
+    for (int i = 0; i < 500; i++) {
+        lines += "micro chip get\n";
+        text += expected;
+    }
+    std::vector<Finished> finished(3);
+    for (Finished &each : finished) {
+        clients.emplace_back([&] { each = client({"-s", "-"}, lines); });
+    }
+    for (std::thread &each : clients) {
+        each.join();
+    }
+    for (const Finished &each : finished) {
+        EXPECT_EQ(each.status, 0) << each.err;
+        EXPECT_EQ(each.out, text);
+    }
+    EXPECT_EQ(tool({"serve", "--socket", socket_}).status, 1);  // in use
+    server_.signal(SIGTERM);
+    EXPECT_EQ(server_.wait().status, 0);
+    EXPECT_NE(::access(socket_.c_str(), F_OK), 0);
+    EXPECT_EQ(client({"micro"}).status, 1);
+    ::close(idle);
+}
+
+TEST_F(Server, TakesRequestsInPiecesAndRefusesWhatIsNone)
+{
+    const std::string done = request(18, little32(0));
+    const int fd = connect();
+    std::string chip("chip\0advance\0", 13);
+    chip += std::string("1\0", 2);
+    for (const char byte : request(2, chip)) {
+        ASSERT_EQ(::send(fd, &byte, 1, MSG_NOSIGNAL), 1);
+    }
+    EXPECT_EQ(receive_exactly(fd, done.size()), done);
+
+    // Many at once: answered in order.
+    std::string many;
+    for (int i = 0; i < 100; i++) {
+        many += request(2, chip);
+    }
+    ASSERT_EQ(::send(fd, many.data(), many.size(), MSG_NOSIGNAL), ssize_t(many.size()));
+    EXPECT_EQ(receive_exactly(fd, 100 * done.size()).size(), 100 * done.size());
+
+    const std::string none[] = {request(1, "short"), request(2, ""),
+                                request(2, std::string("micro\0", 6)), request(99, "")};
+    for (const std::string &each : none) {
+        ::send(fd, each.data(), each.size(), MSG_NOSIGNAL);
+        EXPECT_EQ(receive_exactly(fd, 4), little32(17));
+        const std::string length = receive_exactly(fd, 4);
+        receive_exactly(fd, static_cast<unsigned char>(length[0]));
+        EXPECT_EQ(receive_exactly(fd, done.size()), request(18, little32(2)));
+    }
+    // A length beyond all bounds ends the connection, and no other.
+    const std::string huge = little32(1) + little32(0x7fffffff);
+    ::send(fd, huge.data(), huge.size(), MSG_NOSIGNAL);
+    receive_exactly(fd, 4096);
+    char byte = 0;
+    EXPECT_EQ(::recv(fd, &byte, 1, 0), 0);
+    ::close(fd);
+    EXPECT_EQ(client({"micro", "chip", "get"}).status, 0);
+}
+
+TEST_F(Server, ItsDeathIsTold)
+{
+    server_.signal(SIGKILL);
+    server_.wait();
+    const Finished refused = client({"micro"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.err, HasSubstr("Connection refused"));
+    // The socket file that it left is no hindrance for the next.
+    Process next({LDSDK_TOOL, "serve", "--socket", socket_});
+    wait_until_serving(next);
+    EXPECT_EQ(client({"micro", "chip", "get"}).status, 0);
+}
+
+// Something at the socket that takes a request and goes, or answers in a language of its own.
+TEST(ToolDevice, StrangersAtTheSocketAreTold)
+{
+    const TempFolder folder;
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    folder.path("socket").copy(address.sun_path, sizeof address.sun_path - 1);
+    const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_EQ(::bind(listener, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+    ASSERT_EQ(::listen(listener, 1), 0);
+    const std::pair<std::string, const char *> answers[] = {
+        {"", "gone"},
+        {request(16, "half").substr(0, 10), "gone"},
+        {"HTTP/1.1 400 Bad Request", "none of `ldsdk serve`"},
+        {request(7, "?"), "none of `ldsdk serve`"}};
+    for (const auto &[answer, said] : answers) {
+        Process process({LDSDK_TOOL, "-d", "unix:" + folder.path("socket"), "-s", "-"},
+                        "\nmicro\n");
+        const int fd = ::accept(listener, nullptr, nullptr);
+        receive_exactly(fd, 520);
+        ::send(fd, answer.data(), answer.size(), MSG_NOSIGNAL);
+        ::close(fd);
+        const Finished finished = process.wait();
+        EXPECT_EQ(finished.status, 1);
+        EXPECT_EQ(finished.out, "");
+        EXPECT_THAT(finished.err, StartsWith("ldsdk: -:2: unix:"));
+        EXPECT_THAT(finished.err, HasSubstr(said));
+    }
+    ::close(listener);
+}
+
+}  // namespace
+
+}  // namespace ldsdk::test

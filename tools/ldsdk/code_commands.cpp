@@ -1,0 +1,92 @@
+#include "tools/ldsdk/code_commands.h"
+
+#include "chipmodel/atom_door.h"
+#include "host/image.h"
+#include "sdk/micro/group.h"
+#include "tools/ldsdk/error.h"
+
+#include <cstdio>
+
+namespace ldsdk::tool {
+
+namespace {
+
+using Arguments = std::span<const std::string>;
+
+constexpr uint64_t kShownInstructions = 16;
+constexpr uint64_t kAllAtoms = 15;
+
+// Runs what throws the host's errors, with the command's name in front of them.
+template <typename Work>
+auto with_name(const std::string &command, Work work)
+{
+    try {
+        return work();
+    }
+    catch (const std::runtime_error &error) {
+        throw failed(command + ": " + error.what());
+    }
+}
+
+void check(const std::string &command, const std::string &file, uint32_t status)
+{
+    if (status != 0) {
+        char code[16];
+        std::snprintf(code, sizeof code, "0x%08x", status);
+        throw failed(command + ": " + file + ": the module answers " + code);
+    }
+}
+
+void traffic_set(const std::string &command, uint32_t chip, bool on)
+{
+    for (uint32_t atom = 0; atom < model::kAtomNum; atom++) {
+        if (model::atom_feed_set(chip, atom, on) != model::kOk) {
+            throw failed(command + ": chip " + std::to_string(chip) + " is not attached");
+        }
+    }
+}
+
+}  // namespace
+
+void load_code(ChipSession &session, Arguments arguments, Output &)
+{
+    check("chip load", arguments[0], with_name("chip load", [&] {
+              return host::load_image(session.selected(), host::read_image(arguments[0]));
+          }));
+}
+
+void load_code_online(ChipSession &session, Arguments arguments, Output &)
+{
+    const auto atoms = static_cast<uint32_t>(
+        arguments.size() < 2
+            ? kAllAtoms
+            : read_number("chip load online", arguments[1], "a bitmap of atoms", 1, kAllAtoms));
+    check("chip load online", arguments[0], with_name("chip load online", [&] {
+              return host::online_load_image(session.selected(), atoms,
+                                             host::read_image(arguments[0]));
+          }));
+}
+
+void show_code(ChipSession &session, Arguments arguments, Output &output)
+{
+    const auto pc =
+        static_cast<uint32_t>(read_number("chip disasm", arguments[0], "a PC", 0, NP_PC_NUM - 1));
+    const auto count = static_cast<uint32_t>(
+        arguments.size() < 2
+            ? kShownInstructions
+            : read_number("chip disasm", arguments[1], "a count of instructions", 1, NP_PC_NUM));
+    output.write(with_name("chip disasm",
+                           [&] { return host::code_listing(session.selected(), pc, count); }));
+}
+
+void traffic_on(ChipSession &session, Arguments, Output &)
+{
+    traffic_set("chip traffic on", session.selected(), true);
+}
+
+void traffic_off(ChipSession &session, Arguments, Output &)
+{
+    traffic_set("chip traffic off", session.selected(), false);
+}
+
+}  // namespace ldsdk::tool
