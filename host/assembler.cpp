@@ -85,11 +85,11 @@ Words build_group(std::span<const uint64_t> instructions)
 
 struct Section {
     uint32_t code;
-    size_t line;  // of the source, where it begins
-    std::optional<uint32_t> place;        // offset in the image, if the source says
-    std::vector<uint8_t> bytes;           // of sections of words
-    std::vector<uint64_t> instructions;   // by PC
-    std::map<size_t, Words> raw_groups;   // groups that are given as words, by number
+    size_t line;                         // of the source, where it begins
+    std::optional<uint32_t> place;       // offset in the image, if the source says
+    std::vector<uint8_t> bytes;          // of sections of words
+    std::vector<uint64_t> instructions;  // by PC
+    std::map<size_t, Words> raw_groups;  // groups that are given as words, by number
 };
 
 // Reads a source twice: the first pass finds the places of the labels, the second one encodes.
@@ -295,8 +295,8 @@ uint64_t Assembler::number(LineReader &line, const char *what, uint64_t most)
     const size_t at = line.at();
     const uint64_t value = line.expression(what);
     if (value > most) {
-        line.fail_at(at, std::to_string(value) + " does not fit; expected 0 to " +
-                             std::to_string(most));
+        line.fail_at(
+            at, std::to_string(value) + " does not fit; expected 0 to " + std::to_string(most));
     }
     return value;
 }
@@ -591,16 +591,17 @@ void Assembler::finish()
         }
         else if (one.code == NP_MICRO_CONFIG_DATA &&
                  std::ranges::any_of(config_, [](auto &word) { return word.has_value(); })) {
-            report(one.line, 1, "the configuration is given as words and by directives; "
-                                "expected one of them");
+            report(one.line, 1,
+                   "the configuration is given as words and by directives; "
+                   "expected one of them");
             return;
         }
         body.resize((body.size() + 3) / 4 * 4);
         if (one.place) {
             if (*one.place < body.size()) {
-                report(one.line, 1, "offset " + std::to_string(*one.place) +
-                                        " is taken; expected " + std::to_string(body.size()) +
-                                        " or more");
+                report(one.line, 1,
+                       "offset " + std::to_string(*one.place) + " is taken; expected " +
+                           std::to_string(body.size()) + " or more");
                 return;
             }
             body.resize(*one.place);
@@ -614,9 +615,9 @@ void Assembler::finish()
     body.resize((body.size() + 3) / 4 * 4);
     if (length_) {
         if (*length_ < body.size() + kTrailerSize) {
-            report(line_number_, 1, ".length " + std::to_string(*length_) +
-                                        " is too short; expected " +
-                                        std::to_string(body.size() + kTrailerSize) + " or more");
+            report(line_number_, 1,
+                   ".length " + std::to_string(*length_) + " is too short; expected " +
+                       std::to_string(body.size() + kTrailerSize) + " or more");
             return;
         }
         body.resize(*length_ - kTrailerSize);

@@ -170,7 +170,8 @@ uint32_t Qd_ATOM_ThreadStateGet(uint32_t ulChipID, uint32_t ulAtomID, uint32_t u
 uint32_t Qd_ATOM_ThreadAllStatusGet(uint32_t ulChipID, uint32_t ulAtomID, uint32_t ulNpuID,
                                     uint32_t ulThreadID, uint32_t *pulStatus);
 
-// Lets a thread that stands go on: to its next PC, by one instruction in single step mode.
+// Lets a thread that stands go on: to its next PC, by one block of instructions in single
+// step mode.
 uint32_t Qd_ATOM_ThreadActive(uint32_t ulChipID, uint32_t ulAtomID, uint32_t ulNpuID,
                               uint32_t ulThreadID);
 
@@ -218,7 +219,7 @@ uint32_t QD_PORT_PowerGateEnableGet(uint32_t ulChipID, uint32_t ulModule, uint32
 uint32_t Qd_GLB_PortParamCheck(uint32_t ulChipID, uint32_t ulPortType, uint32_t ulPortID,
                                uint32_t ulSubPortID, uint32_t ulPri);
 
-// Gives the ingress phy id of a port, 10 bits.
+// Gives the ingress phy id of a port. Ten bits name the port; more stand above them for a sub-port.
 uint32_t Qd_GLB_PortParamToIngressPhyID(uint32_t ulChipID, uint32_t ulPortType, uint32_t ulPortID,
                                         uint32_t ulSubPortID, uint32_t ulPri, uint32_t *pulPhyID);
 

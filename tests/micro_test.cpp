@@ -655,7 +655,11 @@ TEST_F(Engines, ThreadsWorkWhilePacketsComeAndDrainWhenPulled)
     }
     EXPECT_EQ(Qd_PBA_AtomModeSet(0, 0, QD_PBA_MODE_NORMAL), 0u);
     EXPECT_EQ(model::advance(0, 1), model::kOk);
-    EXPECT_GT(thread(1, 1).packets, packets);
+    const uint32_t more = thread(1, 1).packets;
+    EXPECT_GT(more, packets);
+    EXPECT_EQ(model::atom_power_set(0, 0, false), model::kOk);
+    EXPECT_EQ(model::advance(0, 10), model::kOk);
+    EXPECT_LE(thread(1, 1).packets, more + 1) << "no packet comes to an atom without power";
 }
 
 TEST_F(Engines, BreakpointsAndSteps)

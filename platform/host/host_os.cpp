@@ -92,6 +92,7 @@ constinit OsIoRow g_extra_rows[] = {
     {0x7a121a80, 0x7a121a8f, 0},
     {0x7a131a80, 0x7a131a8f, 0},
     {0x7a080000, 0x7a0bffff, 0},  // instruction memory: 8192 groups of 32 bytes
+    {0x78100160, 0x7810016f, 0},  // free thread counts of the packet feed
     {0x78880000, 0x78881fff, 0},  // multicast pointer array: 2048 words
     {0, 0, 0},
 };
