@@ -12,10 +12,10 @@
 #include "sdk/access/smem.h"
 #include "sdk/frame/trace.h"
 
+#include <unistd.h>
 #include <array>
 #include <cstring>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace {

@@ -32,14 +32,16 @@ class Collector : public benchmark::ConsoleReporter {
     void ReportRuns(const std::vector<Run> &runs) override
     {
         for (const Run &run : runs) {
-            if (run.error_occurred || (run.run_type == Run::RT_Aggregate &&
-                                       run.aggregate_name != "median")) {
+            if (run.error_occurred ||
+                (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median")) {
                 continue;
             }
-            Result &result = results_[run.run_name.function_name + (run.run_name.args.empty()
-                                                                        ? ""
-                                                                        : "/" + run.run_name.args)];
-            result.ns = run.GetAdjustedRealTime();
+            Result &result = results_[run.run_name.function_name +
+                                      (run.run_name.args.empty() ? "" : "/" + run.run_name.args)];
+            // Processor time: another program's share of the machine is not ours. What runs in a
+            // process of its own measures itself.
+            result.ns = run.run_name.time_type == "manual_time" ? run.GetAdjustedRealTime()
+                                                                : run.GetAdjustedCPUTime();
             for (const auto &[name, counter] : run.counters) {
                 result.counters[name] = counter.value;
             }

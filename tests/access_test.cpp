@@ -244,7 +244,8 @@ TEST_F(Access, LineWriteEndsWithTheBaseWord)
     uint32_t read = 0;
     Np_SMEM_ChipRead32(0, line + 8, &read);
     EXPECT_EQ(read, value);
-    EXPECT_EQ(tap.take(), (std::vector<BusTap::Access>{{'r', line, 0x1000}, {'r', line + 8, value}}));
+    EXPECT_EQ(tap.take(),
+              (std::vector<BusTap::Access>{{'r', line, 0x1000}, {'r', line + 8, value}}));
     EXPECT_TRUE(interrupts_balanced());
 }
 

@@ -574,7 +574,7 @@ TEST(EmlPlacement, MillionsOfSteps)
                 }
                 ASSERT_EQ(counted, used);
             }
-            if (HasFatalFailure()) {
+            if (HasFailure()) {
                 FAIL() << "step " << step << " of seed " << buckets;
             }
         }
@@ -918,7 +918,7 @@ TEST_P(EmlWalk, AgreesWithAMap)
     uint32_t refused = 0;
     uint32_t moved = 0;
     // Fills the table for most of the way, then empties it.
-    for (uint32_t step = 0; step < walk.steps && !HasFatalFailure(); step++) {
+    for (uint32_t step = 0; step < walk.steps && !HasFailure(); step++) {
         SCOPED_TRACE("step " + std::to_string(step));
         const Bytes &key = pool[below(200)];
         const uint32_t percent = below(100);

@@ -64,8 +64,7 @@ class FrameTap {
 };
 
 // A frame of zeros but for the runs of bytes given by their place.
-std::vector<uint8_t> frame(
-    const std::vector<std::pair<size_t, std::vector<uint8_t>>> &runs);
+std::vector<uint8_t> frame(const std::vector<std::pair<size_t, std::vector<uint8_t>>> &runs);
 
 // Window accesses of 32 bits, in their order.
 class BusTap {

@@ -29,12 +29,11 @@ TEST_F(Registry, RegistersWhatTheFamilyServes)
         uint32_t chip, chip_class, attribute, code;
         bool registered;
     };
-    for (const Case &c : {Case{0, 1, 0, NP_OK, true}, Case{0, 2, 4, NP_OK, true},
-                          Case{1, 0, 0, NP_OK, false}, Case{0, 2, 1, NP_OK, false},
-                          Case{0, 1, 3, NP_OK, false}, Case{0, 1, 5, NP_OK, false},
-                          Case{4, 1, 0, NP_ERR_CHIP_ID, false},
-                          Case{4, 3, 0, NP_ERR_CHIP_ID, false},
-                          Case{0, 3, 0, NP_ERR_CHIP_VERSION, false}}) {
+    for (const Case &c :
+         {Case{0, 1, 0, NP_OK, true}, Case{0, 2, 4, NP_OK, true}, Case{1, 0, 0, NP_OK, false},
+          Case{0, 2, 1, NP_OK, false}, Case{0, 1, 3, NP_OK, false}, Case{0, 1, 5, NP_OK, false},
+          Case{4, 1, 0, NP_ERR_CHIP_ID, false}, Case{4, 3, 0, NP_ERR_CHIP_ID, false},
+          Case{0, 3, 0, NP_ERR_CHIP_VERSION, false}}) {
         SCOPED_TRACE(testing::Message() << c.chip << ' ' << c.chip_class << ' ' << c.attribute);
         constexpr NpChipAddr empty = {};
         Np_Chip_AddrSet(0, &empty);
@@ -117,9 +116,9 @@ TEST_F(Registry, EveryWrapperChecksTheChipAndItsSlot)
 TEST_F(Registry, ServiceTableIsLaidOutByGroups)
 {
     const std::map<uint32_t, std::string> groups = {
-        {0, "INIT"},   {9, "DFX"},    {26, "ACL"},   {40, "GLB"},   {55, "PA"},    {82, "ARL"},
-        {111, "CPUTR"}, {118, "HA"},  {167, "L2"},   {208, "MC"},   {219, "VLAN"}, {236, "STAT"},
-        {287, "QOS"},  {300, "PORT"}, {339, "SECU"}, {369, "ATOM"}, {377, "OAM"},  {441, "1588"}};
+        {0, "INIT"},    {9, "DFX"},    {26, "ACL"},   {40, "GLB"},   {55, "PA"},    {82, "ARL"},
+        {111, "CPUTR"}, {118, "HA"},   {167, "L2"},   {208, "MC"},   {219, "VLAN"}, {236, "STAT"},
+        {287, "QOS"},   {300, "PORT"}, {339, "SECU"}, {369, "ATOM"}, {377, "OAM"},  {441, "1588"}};
     for (const auto &[word, name] : groups) {
         char text[17] = {};
         std::memcpy(text, &g_stNpSDKFuncInit_TarnB[word], 16);
@@ -204,7 +203,7 @@ struct Nonsense {
         return null ? nullptr : reinterpret_cast<T *>(record.data());
     }
     template <typename T>
-        requires std::is_integral_v<T>
+    requires std::is_integral_v<T>
     operator T() const
     {
         return static_cast<T>(word);
@@ -250,8 +249,8 @@ TEST_F(Refusal, NothingReachesTheChip)
             if (!service.takes_more || (carries_address && !nonsense.null)) {
                 continue;
             }
-            SCOPED_TRACE(testing::Message() << service.name << " null " << nonsense.null << " word "
-                                            << nonsense.word);
+            SCOPED_TRACE(testing::Message()
+                         << service.name << " null " << nonsense.null << " word " << nonsense.word);
             ldsdk::model::journal_clear();
             ldsdk::model::journal_enable(true);
             const uint32_t code = service.call(nonsense);
@@ -318,15 +317,13 @@ TEST_F(Bringup, FailuresAreToldToTheRecorder)
     set_fault("Qd_PBA_AtomModeSet nth=1 code=0x51");
     EXPECT_EQ(Np_INIT_SdkInit(0), 0x51u);
     EXPECT_EQ(recorded, 0x51u);
-    EXPECT_EQ(out.take(),
-              "\n\r Qd_PBA_AtomModeSet pull fail! chipid=0,atomid=0,ulReturn = 0x51");
+    EXPECT_EQ(out.take(), "\n\r Qd_PBA_AtomModeSet pull fail! chipid=0,atomid=0,ulReturn = 0x51");
     ldsdk::model::faults_clear();
     EXPECT_EQ(Np_INIT_SdkInit(0), NP_ERR_FAIL);  // until a tear-down has run
     ASSERT_EQ(Np_INIT_SdkDestruct(0), NP_OK);
     set_fault("Qd_PBA_AtomModeSet nth=2 code=0x52");
     EXPECT_EQ(Np_INIT_SdkInit(0), 0x52u);
-    EXPECT_EQ(out.take(),
-              "\n\r Qd_PBA_AtomModeSet normal fail! chipid=0,atomid=0,ulReturn = 0x52");
+    EXPECT_EQ(out.take(), "\n\r Qd_PBA_AtomModeSet normal fail! chipid=0,atomid=0,ulReturn = 0x52");
     ldsdk::model::faults_clear();
     ASSERT_EQ(Np_INIT_SdkDestruct(0), NP_OK);
 }

@@ -1,4 +1,5 @@
-// The public names: what the shared library shows is the locked list, nothing more and nothing less.
+// The public names: what the shared library shows is the locked list, nothing more and nothing
+// less.
 #include <gtest/gtest.h>
 
 #include <array>

@@ -138,12 +138,12 @@ uint32_t Np_Tarn_Phy_Addr_Map(void)
 
 uint32_t Np_MasterChipGet(uint32_t ulChipID)
 {
-    NpChipAddr stChipAddr;
-    const uint32_t ulReturn = Np_Chip_AddrGet(ulChipID, &stChipAddr);
+    const NpChipAddr *pstChipAddr = nullptr;
+    const uint32_t ulReturn = Np_Chip_AddrFind(ulChipID, &pstChipAddr);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    return stChipAddr.ulRegBaseAddr == 0 ? NP_OK : NP_ERR_FAIL;
+    return pstChipAddr->ulRegBaseAddr == 0 ? NP_OK : NP_ERR_FAIL;
 }
 
 uint32_t Np_Write(uint32_t ulChipID, uint32_t ulAddr, const uint32_t *pulValue)
@@ -199,8 +199,7 @@ uint32_t Np_InDirectRead(uint32_t ulChipID, uint16_t *pusBase, uint32_t ulAddr, 
     Np_BusPut(ulChipID, pusBase, NP_BUS_ADDR_LOW, ulAddr);
     Np_BusPut(ulChipID, pusBase, NP_BUS_COMMAND, NP_BUS_CMD_IDLE);
     Np_BusPut(ulChipID, pusBase, NP_BUS_COMMAND, NP_BUS_CMD_READ);
-    const uint32_t ulReturn =
-        Np_QuerySlaveChipStatus(Np_BusReg(ulChipID, pusBase, NP_BUS_STATUS));
+    const uint32_t ulReturn = Np_QuerySlaveChipStatus(Np_BusReg(ulChipID, pusBase, NP_BUS_STATUS));
     if (ulReturn == NP_OK) {
         const uint32_t ulHigh = Np_BusTake(ulChipID, pusBase, NP_BUS_RDATA_HIGH);
         *pulValue = ulHigh << 16 | Np_BusTake(ulChipID, pusBase, NP_BUS_RDATA_LOW);
@@ -318,9 +317,8 @@ uint32_t Np_FpgaDDRInit(uint32_t ulChipID, uint16_t *pusBase)
     static constexpr NpAddrValue astReset[] = {
         {0x1613f028, 0x33308000}, {0x1613f010, 0xf91070b2}, {0x1613f268, 0x6c0}, {0x1613f004, 0}};
     static constexpr NpAddrValue astTiming[] = {
-        {0x1613f008, 0x440a53},   {0x1613f00c, 0},     {0x1613f020, 0x22340b09},
-        {0x1613f024, 0xc8214516}, {0x1613f02c, 0x202}, {0x1613f050, 0},
-        {0x1613f03c, 0xff000033}, {0x1613f004, 2}};
+        {0x1613f008, 0x440a53}, {0x1613f00c, 0}, {0x1613f020, 0x22340b09}, {0x1613f024, 0xc8214516},
+        {0x1613f02c, 0x202},    {0x1613f050, 0}, {0x1613f03c, 0xff000033}, {0x1613f004, 2}};
     const auto fnWrite = [=](uint32_t ulAddr, const uint32_t *pulValue) {
         Np_InDirectWrite(ulChipID, pusBase, ulAddr, pulValue);
     };

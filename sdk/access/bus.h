@@ -47,8 +47,7 @@ uint32_t NP_SlaveAddrRead(uint32_t ulChipID, uint32_t ulAddr, uint32_t *pulValue
 // The indirect bus of 16-bit registers at pusBase. NP_ERR_FAIL when it stays busy.
 uint32_t Np_InDirectWrite(uint32_t ulChipID, uint16_t *pusBase, uint32_t ulAddr,
                           const uint32_t *pulValue);
-uint32_t Np_InDirectRead(uint32_t ulChipID, uint16_t *pusBase, uint32_t ulAddr,
-                         uint32_t *pulValue);
+uint32_t Np_InDirectRead(uint32_t ulChipID, uint16_t *pusBase, uint32_t ulAddr, uint32_t *pulValue);
 uint32_t Np_QuerySlaveChipStatus(uint16_t *pusStatus);
 // Address shift of a chip's indirect bus. NP_ERR_CHIP_ID above 3, NP_ERR_NULL_PTR.
 uint32_t Np_GLB_LocalBusShiftGet(uint32_t ulChipID, uint32_t *pulShift);

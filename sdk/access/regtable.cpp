@@ -71,9 +71,9 @@ uint32_t Np_RowFind(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex, con
 template <typename Field>
 uint32_t Np_DescField(uint32_t ulChipID, uint32_t ulTableID, Field NpRegTableDesc::*pField)
 {
-    NpChipAddr stChipAddr;
-    const uint32_t ulReturn = Np_Chip_AddrGet(ulChipID, &stChipAddr);
-    return ulReturn != NP_OK ? ulReturn : stChipAddr.pstRegTable[ulTableID].*pField;
+    const NpChipAddr *pstChipAddr = nullptr;
+    const uint32_t ulReturn = Np_Chip_AddrFind(ulChipID, &pstChipAddr);
+    return ulReturn != NP_OK ? ulReturn : pstChipAddr->pstRegTable[ulTableID].*pField;
 }
 
 }  // namespace
@@ -84,21 +84,21 @@ uint32_t Np_RegTableRealAddrGet(uint32_t ulChipID, uint32_t ulTableID, uint32_t 
     if (pulAddr == nullptr) {
         return NP_ERR_NULL_PTR;
     }
-    NpChipAddr stChipAddr;
-    const uint32_t ulReturn = Np_Chip_AddrGet(ulChipID, &stChipAddr);
+    const NpChipAddr *pstChipAddr = nullptr;
+    const uint32_t ulReturn = Np_Chip_AddrFind(ulChipID, &pstChipAddr);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    if (stChipAddr.ulRegistered != 1) {
+    if (pstChipAddr->ulRegistered != 1) {
         return NP_ERR_CHIP_ID;
     }
-    const NpRegTableDesc *pstDesc = &stChipAddr.pstRegTable[ulTableID];
+    const NpRegTableDesc *pstDesc = &pstChipAddr->pstRegTable[ulTableID];
     uint32_t ulBase = pstDesc->ulBaseAddr;
     uint32_t ulRecord = ulIndex;
     if (pstDesc->ulGrouped == 1 && pstDesc->usRecordNum != 0) {
-        const NpRegGroupDesc *pstGroup = &stChipAddr.pstRegGroupTable[pstDesc->ulGroupIndex];
-        ulBase += stChipAddr.pulRegGroupOffset[ulIndex / pstDesc->usRecordNum +
-                                               pstGroup->ulFirstOffset];
+        const NpRegGroupDesc *pstGroup = &pstChipAddr->pstRegGroupTable[pstDesc->ulGroupIndex];
+        ulBase += pstChipAddr
+                      ->pulRegGroupOffset[ulIndex / pstDesc->usRecordNum + pstGroup->ulFirstOffset];
         ulRecord = ulIndex % pstDesc->usRecordNum;
     }
     if (ulRecord >= pstDesc->usRecordNum) {
@@ -164,9 +164,9 @@ uint32_t Np_RegTableRead(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex
         if (Np_RowGoesBySmem(pstDesc)) {
             // A 16-bit value comes back as a word: only its low half belongs to the row.
             uint32_t aulWord[4] = {};
-            const uint32_t ulStatus = Np_Tarn_SmemRead(
-                ulChipID, Np_SmemUnit(stRow.ulAddr), Np_SmemLengthCode(pstDesc->ulRecordWidth),
-                Np_SmemOffset(stRow.ulAddr), aulWord);
+            const uint32_t ulStatus = Np_Tarn_SmemRead(ulChipID, Np_SmemUnit(stRow.ulAddr),
+                                                       Np_SmemLengthCode(pstDesc->ulRecordWidth),
+                                                       Np_SmemOffset(stRow.ulAddr), aulWord);
             if (ulStatus == NP_OK) {
                 memcpy(pucData, aulWord, pstDesc->ulRecordWidth);
             }
@@ -246,9 +246,9 @@ constinit uint8_t g_aucRegScratch[NP_REG_SCRATCH_SIZE] = {};
 // Tells whether the first argument of a debug form is a table identifier.
 uint32_t Np_IsTable(uint32_t ulChipID, uint32_t ulTableOrAddr, bool *pbTable)
 {
-    NpChipAddr stChipAddr;
-    const uint32_t ulReturn = Np_Chip_AddrGet(ulChipID, &stChipAddr);
-    *pbTable = ulReturn == NP_OK && ulTableOrAddr < stChipAddr.usRegTableNum;
+    const NpChipAddr *pstChipAddr = nullptr;
+    const uint32_t ulReturn = Np_Chip_AddrFind(ulChipID, &pstChipAddr);
+    *pbTable = ulReturn == NP_OK && ulTableOrAddr < pstChipAddr->usRegTableNum;
     return ulReturn;
 }
 

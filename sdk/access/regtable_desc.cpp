@@ -4,11 +4,20 @@
 namespace {
 
 // identifier, records, record width in bytes, chip address of record 0, bytes between records
-#define NP_ROW(id, records, width, base, sep) {id, records, base, width, 0, 2, 0, 0, sep, 0}
+#define NP_ROW(id, records, width, base, sep)        \
+    {                                                \
+        id, records, base, width, 0, 2, 0, 0, sep, 0 \
+    }
 // The same for a table that is reached with search memory commands.
-#define NP_ROW_RBA(id, records, width, base, sep) {id, records, base, width, 0, 2, 0, 0, sep, 1}
+#define NP_ROW_RBA(id, records, width, base, sep)    \
+    {                                                \
+        id, records, base, width, 0, 2, 0, 0, sep, 1 \
+    }
 // Keeps an identifier's place: every index on it is refused.
-#define NP_NO_ROW(id) {id, 0, 0, 0, 0, 2, 0, 0, 0, 0}
+#define NP_NO_ROW(id)                 \
+    {                                 \
+        id, 0, 0, 0, 0, 2, 0, 0, 0, 0 \
+    }
 
 consteval bool Np_RowsInPlace(const NpRegTableDesc *pstRow)
 {

@@ -2,6 +2,7 @@
 
 #include "platform/driver.h"
 #include "platform/os.h"
+#include "sdk/access/frame.h"
 #include "sdk/frame/registry.h"
 #include "sdk/frame/text.h"
 #include "sdk/frame/trace.h"
@@ -32,16 +33,6 @@ enum NpSmemOp : uint32_t {
 // Access classes, byte 6 of a request.
 inline constexpr uint8_t NP_RBA_CLASS_READ = 1;
 inline constexpr uint8_t NP_RBA_CLASS_WRITE = 3;
-
-// Byte places in a request frame.
-inline constexpr uint32_t NP_RBA_COMMAND = 4;
-inline constexpr uint32_t NP_RBA_CLASS = 6;
-inline constexpr uint32_t NP_RBA_WIDTH = 8;
-inline constexpr uint32_t NP_RBA_PAYLOAD = 12;
-inline constexpr uint32_t NP_RBA_LIMIT = 20;
-inline constexpr uint32_t NP_RBA_VALUE = 26;
-// And in a response frame.
-inline constexpr uint32_t NP_RBA_RSP_DATA = 4;
 
 // Distance on this platform between a kernel address and the bus address of the same memory.
 inline constexpr uint32_t NP_KERNEL_TO_BUS = 0x3e800000;
@@ -227,11 +218,11 @@ uint32_t Np_AccessWrite(uint32_t ulChipID, uint32_t ulSmemID, uint32_t ulLength,
 }  // namespace
 
 // Traces under the name of the function it stands in, and hands the driver's code to the recorder.
-#define NP_SMEM_INIT_FAILED(text)                                       \
-    do {                                                                \
-        Np_RecordErrInfo(ulChipID, ulReturn, 0);                        \
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, text, ulReturn);            \
-        return ulReturn;                                                \
+#define NP_SMEM_INIT_FAILED(text)                            \
+    do {                                                     \
+        Np_RecordErrInfo(ulChipID, ulReturn, 0);             \
+        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, text, ulReturn); \
+        return ulReturn;                                     \
     } while (0)
 
 uint32_t Np_Tarn_SmemInit(uint32_t ulChipID)

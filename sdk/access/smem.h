@@ -60,8 +60,8 @@ struct NpSmemRsp {
 
 extern "C" {
 
-extern uint8_t *g_aulDdrAddr[NP_CHIP_NUM];               // DDR block, null when there is none
-extern const uint32_t *g_aulNpSmemCopAddr[NP_CHIP_NUM];  // per SMEM, target of its requests
+extern uint8_t *g_aulDdrAddr[NP_CHIP_NUM];                 // DDR block, null when there is none
+extern const uint32_t *g_aulNpSmemCopAddr[NP_CHIP_NUM];    // per SMEM, target of its requests
 extern const uint32_t *g_aulNpSmemInitParam[NP_CHIP_NUM];  // per SMEM, four words
 extern const uint32_t g_aulNpSmemCopAddr_TarnB[1];
 extern const uint32_t g_aulNpSmemInitParam_TarnB[NP_SMEM_INIT_WORDS];

@@ -6,20 +6,20 @@
 #include <cstdint>
 
 enum NpStackId : uint8_t {
-    NP_STACK_MCC = 0,      // multicast copy list nodes
-    NP_STACK_FLEE = 1,     // flee keys of all tables but the two below
-    NP_STACK_FLEE_GMT = 2, // flee keys of the gemport map table
-    NP_STACK_FLEE_LM = 3,  // flee keys of LM data; empty in this family
+    NP_STACK_MCC = 0,       // multicast copy list nodes
+    NP_STACK_FLEE = 1,      // flee keys of all tables but the two below
+    NP_STACK_FLEE_GMT = 2,  // flee keys of the gemport map table
+    NP_STACK_FLEE_LM = 3,   // flee keys of LM data; empty in this family
     NP_STACK_NUM = 4,
 };
 
 struct NpStackDesc {
-    uint16_t usTop;       // index of the next number to hand out; usSize when none is free
-    uint16_t usBase;      // smallest number
-    uint16_t usSize;      // how many numbers
-    uint16_t *pusData;    // entries usTop to usSize - 1 are the free numbers
+    uint16_t usTop;     // index of the next number to hand out; usSize when none is free
+    uint16_t usBase;    // smallest number
+    uint16_t usSize;    // how many numbers
+    uint16_t *pusData;  // entries usTop to usSize - 1 are the free numbers
     const char *pszName;
-    uint8_t ucStackId;    // NpStackId
+    uint8_t ucStackId;  // NpStackId
 };
 
 extern "C" {

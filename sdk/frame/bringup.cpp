@@ -40,9 +40,9 @@ enum NpStepGroup : uint32_t {
 
 struct NpStep {
     NpStepGroup enGroup;
-    const char *pszName;             // as its failure is traced
-    NpStepOf_TABLES *pfnStep;        // of a step that takes the chip alone
-    NpStepOf_ANALYSIS *pfnPriStep;   // of a step that takes the priority blocks too
+    const char *pszName;            // as its failure is traced
+    NpStepOf_TABLES *pfnStep;       // of a step that takes the chip alone
+    NpStepOf_ANALYSIS *pfnPriStep;  // of a step that takes the priority blocks too
 };
 
 constexpr NpStep Np_Landed(NpStepGroup enGroup, const char *pszName, NpStepOf_TABLES *pfnStep)
@@ -123,8 +123,8 @@ uint32_t Np_AtomsModeSet(uint32_t ulChipID, uint32_t ulMode, const char *pszMode
         const uint32_t ulReturn = Qd_PBA_AtomModeSet(ulChipID, ulAtomID, ulMode);
         if (ulReturn != NP_OK) {
             Np_RecordErrInfo(ulChipID, ulReturn, 0);
-            Os_Print("\n\r Qd_PBA_AtomModeSet %s fail! chipid=%u,atomid=%u,ulReturn = 0x%x", pszMode,
-                     ulChipID, ulAtomID, ulReturn);
+            Os_Print("\n\r Qd_PBA_AtomModeSet %s fail! chipid=%u,atomid=%u,ulReturn = 0x%x",
+                     pszMode, ulChipID, ulAtomID, ulReturn);
             return ulReturn;
         }
     }

@@ -52,8 +52,7 @@ void Np_GLB_TarnBVariableInit(uint32_t ulChipID)
 {
     g_stNpEmlConfig[ulChipID] = g_stNpEmlConfig_TarnB;
     g_stNpLcamConfig[ulChipID] = g_stNpLcamConfig_TarnB;
-    g_astNpMultiServiceLcamAddrBlockConfig[ulChipID] =
-        g_astNpMultiServiceLcamAddrBlockConfig_TarnB;
+    g_astNpMultiServiceLcamAddrBlockConfig[ulChipID] = g_astNpMultiServiceLcamAddrBlockConfig_TarnB;
     g_pstNpLcamAddrConfig[ulChipID] = g_pstNpLcamAddrConfig_TarnB;
     g_asttarnNpCntConfigDesc[ulChipID] = g_asttarnNpCntConfigDesc_TarnB;
     g_aulNpSmemCopAddr[ulChipID] = g_aulNpSmemCopAddr_TarnB;
@@ -78,17 +77,28 @@ uint32_t Np_GLB_ChipIDIsValid(uint32_t ulChipID)
     return NP_OK;
 }
 
-uint32_t Np_Chip_AddrGet(uint32_t ulChipID, NpChipAddr *pstChipAddr)
+uint32_t Np_Chip_AddrFind(uint32_t ulChipID, const NpChipAddr **ppstChipAddr)
 {
     if (ulChipID >= NP_CHIP_NUM) {
         NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, " ulChipID para error!(%08x)", ulChipID);
         return NP_ERR_CHIP_ID;
     }
+    *ppstChipAddr = &g_stNpChipAddr[ulChipID];
+    return NP_OK;
+}
+
+uint32_t Np_Chip_AddrGet(uint32_t ulChipID, NpChipAddr *pstChipAddr)
+{
+    const NpChipAddr *pstFound = nullptr;
+    const uint32_t ulReturn = Np_Chip_AddrFind(ulChipID, &pstFound);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
     if (pstChipAddr == nullptr) {
         NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, " pstChipAddr is null ptr");
         return NP_ERR_NULL_PTR;
     }
-    *pstChipAddr = g_stNpChipAddr[ulChipID];
+    *pstChipAddr = *pstFound;
     return NP_OK;
 }
 

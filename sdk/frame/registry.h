@@ -13,14 +13,14 @@ struct NpRegGroupDesc;
 
 // Chip record, one per chip identifier.
 struct NpChipAddr {
-    uintptr_t ulRegBaseAddr;                // 0: master, mapped directly; else a slave's bus block
-    const NpRegTableDesc *pstRegTable;      // register table descriptors
-    const NpRegGroupDesc *pstRegGroupTable; // groups of grouped register tables; none here
+    uintptr_t ulRegBaseAddr;                 // 0: master, mapped directly; else a slave's bus block
+    const NpRegTableDesc *pstRegTable;       // register table descriptors
+    const NpRegGroupDesc *pstRegGroupTable;  // groups of grouped register tables; none here
     uint16_t usRegTableNum;
     uint16_t usRegGroupNum;
-    uint32_t ulRegistered;                  // 1 when registered
-    uint32_t ulRefCount;                    // registrations held
-    const uint32_t *pulRegGroupOffset;      // group base offsets
+    uint32_t ulRegistered;              // 1 when registered
+    uint32_t ulRefCount;                // registrations held
+    const uint32_t *pulRegGroupOffset;  // group base offsets
 };
 static_assert(sizeof(void *) != 4 || sizeof(NpChipAddr) == 28);
 
@@ -60,6 +60,8 @@ uint32_t Np_GLB_ChipIDIsValid(uint32_t ulChipID);
 // NP_ERR_NULL_PTR for a null record.
 uint32_t Np_Chip_AddrGet(uint32_t ulChipID, NpChipAddr *pstChipAddr);
 uint32_t Np_Chip_AddrSet(uint32_t ulChipID, const NpChipAddr *pstChipAddr);
+// The record itself, for those who read a field on the way to every row. NP_ERR_CHIP_ID above 3.
+uint32_t Np_Chip_AddrFind(uint32_t ulChipID, const NpChipAddr **ppstChipAddr);
 // Takes back one registration. Always 0.
 uint32_t Np_GLB_ChipCancel(uint32_t ulChipID);
 // Makes the family's constant tables the chip's current ones.

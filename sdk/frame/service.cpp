@@ -98,7 +98,7 @@ static_assert(Np_ServiceListIsWhole());
 
 // Addresses alone: the compiler lays them down as data, and nothing is left to do at start.
 NpServiceWord g_stNpSDKFuncInit_TarnB[NP_SERVICE_WORD_NUM] = {
-#define NP_SERVICE_GROUP(ulWord, szName) \
+#define NP_SERVICE_GROUP(ulWord, szName)                                             \
     Np_ServiceName(szName, 0), Np_ServiceName(szName, 1), Np_ServiceName(szName, 2), \
         Np_ServiceName(szName, 3), {},
 #define NP_SERVICE(ulSlot, Door, Wrapper, Impl, ulArity, State) NP_SERVICE_WORD_##State(Impl)
@@ -125,15 +125,15 @@ constinit NpServiceWord *g_stNpSDKFunc[NP_CHIP_NUM] = {};
 
 #define NP_SERVICE(ulSlot, Door, Wrapper, Impl, ulArity, State) \
     NP_SERVICE_EMPTY(ulSlot, Door, Wrapper, ulArity)
-#define NP_SERVICE_EMPTY(ulSlot, Door, Wrapper, ulArity) \
-    static_assert(NpArgs<decltype(Wrapper)>::NUM == ulArity, #Wrapper); \
-    uint32_t Wrapper(NP_PARAMS_##ulArity(Wrapper)) \
-    { \
-        NpServiceFn pfnFound = nullptr; \
-        const uint32_t ulReturn = Np_ServiceFind(ulChipID, ulSlot, &pfnFound); \
-        if (ulReturn != NP_OK) { \
-            return ulReturn; \
-        } \
+#define NP_SERVICE_EMPTY(ulSlot, Door, Wrapper, ulArity)                          \
+    static_assert(NpArgs<decltype(Wrapper)>::NUM == ulArity, #Wrapper);           \
+    uint32_t Wrapper(NP_PARAMS_##ulArity(Wrapper))                                \
+    {                                                                             \
+        NpServiceFn pfnFound = nullptr;                                           \
+        const uint32_t ulReturn = Np_ServiceFind(ulChipID, ulSlot, &pfnFound);    \
+        if (ulReturn != NP_OK) {                                                  \
+            return ulReturn;                                                      \
+        }                                                                         \
         return reinterpret_cast<decltype(&Wrapper)>(pfnFound)(NP_PASS_##ulArity); \
     }
 #include "sdk/frame/service_list.h"

@@ -67,8 +67,7 @@ bool Np_AllAtMost(const uint32_t *aulGroup, uint32_t ulCount, uint32_t ulLimit)
 bool Np_ScanBytes(const char *pszText, uint32_t ulBase, char cSeparator, uint32_t *aulGroup,
                   uint32_t ulCount)
 {
-    return NP_StrLen(pszText) <= NP_MAC_TEXT_MAX &&
-           Np_OnlyDigitsAnd(pszText, ulBase, cSeparator) &&
+    return NP_StrLen(pszText) <= NP_MAC_TEXT_MAX && Np_OnlyDigitsAnd(pszText, ulBase, cSeparator) &&
            Np_ScanGroups(pszText, ulBase, cSeparator, aulGroup, ulCount) == ulCount &&
            Np_AllAtMost(aulGroup, ulCount, 255);
 }
@@ -228,8 +227,9 @@ uint32_t Np_StringIPv6ToULongIP(char *pszIp, uint32_t *pulIp)
     if (ulLength > NP_IPV6_TEXT_MAX || !Np_OnlyDigitsAnd(pszIp, 16, ':')) {
         return NP_ERR_FAIL;
     }
-    if (ulLength != 0 && ((pszIp[0] == ':' && pszIp[1] != ':') ||
-                          (pszIp[ulLength - 1] == ':' && (ulLength < 2 || pszIp[ulLength - 2] != ':')))) {
+    if (ulLength != 0 &&
+        ((pszIp[0] == ':' && pszIp[1] != ':') ||
+         (pszIp[ulLength - 1] == ':' && (ulLength < 2 || pszIp[ulLength - 2] != ':')))) {
         return NP_IPV6_EDGE_COLON;
     }
     uint32_t aulGroup[NP_IPV6_GROUPS] = {};

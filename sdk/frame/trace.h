@@ -106,11 +106,11 @@ void Np_MsDelay(uint32_t ulMs);
 }  // extern "C"
 
 // The trace statement. Off, it costs one load and one test: nothing of it is evaluated.
-#define NP_TRACE(module, level, ...)                                     \
-    do {                                                                 \
-        if (g_stNpSdkModuleSwitch[module][level] != 0) [[unlikely]] {    \
-            g_ulNpLine = static_cast<uint32_t>(__LINE__);                \
-            g_pszNpFunc = __func__;                                      \
-            Np_PrintWithPosition(module, level, __VA_ARGS__);            \
-        }                                                                \
+#define NP_TRACE(module, level, ...)                                  \
+    do {                                                              \
+        if (g_stNpSdkModuleSwitch[module][level] != 0) [[unlikely]] { \
+            g_ulNpLine = static_cast<uint32_t>(__LINE__);             \
+            g_pszNpFunc = __func__;                                   \
+            Np_PrintWithPosition(module, level, __VA_ARGS__);         \
+        }                                                             \
     } while (0)

@@ -9,7 +9,7 @@ constinit NpMicroVersion g_stNpMicroVersion[NP_CHIP_NUM] = {};
 namespace {
 
 constexpr char g_szVersionHead[] = "Lodestone1.3.10.0022for";
-constexpr char g_aszChipTag[3][5] = {"QA01", "QA02", "QA03"};                      // by class
+constexpr char g_aszChipTag[3][5] = {"QA01", "QA02", "QA03"};                     // by class
 constexpr char g_aszProductForm[5][6] = {"MXU", "FTTM", "CMTS", "OLT", "XGPON"};  // by attribute
 
 static_assert(sizeof(g_szVersionHead) - 1 + sizeof(g_aszChipTag[0]) - 1 +

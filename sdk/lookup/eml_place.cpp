@@ -9,12 +9,12 @@ inline constexpr uint32_t NP_EML_ENTRY_VALID = 1;
 
 uint32_t *Np_HalfEntries(NpEmlBucketInfo *pstBucket, uint32_t ulBucketFlag)
 {
-    return pstBucket->aulItem + ulBucketFlag * NP_EML_HALF_ITEMS;
+    return pstBucket->aulItem + (ulBucketFlag == NP_EML_HALF_HASH1 ? 0 : NP_EML_HALF_ITEMS);
 }
 
 const uint32_t *Np_HalfEntries(const NpEmlBucketInfo *pstBucket, uint32_t ulBucketFlag)
 {
-    return pstBucket->aulItem + ulBucketFlag * NP_EML_HALF_ITEMS;
+    return pstBucket->aulItem + (ulBucketFlag == NP_EML_HALF_HASH1 ? 0 : NP_EML_HALF_ITEMS);
 }
 
 uint32_t Np_HalfRoom(const NpEmlBucketInfo &stBucket, uint32_t ulBucketFlag)

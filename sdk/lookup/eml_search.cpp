@@ -163,7 +163,7 @@ uint32_t Np_Tarn_EML_SmemRawDataRead(uint32_t ulChipID, uint32_t ulTableID, uint
     for (uint32_t i = 0; i < stShape.ulNum; i++) {
         const uint32_t ulReturn = Np_Tarn_SmemRead(ulChipID, ulSmemID, stShape.ulLength,
                                                    ulOffAddr + stShape.ulFirst + i * NP_RAW_STEP,
-                                                   pulData + i * NP_RAW_WORDS);
+                                                   pulData + size_t{i} * NP_RAW_WORDS);
         if (ulReturn != NP_OK) {
             return ulReturn;
         }
@@ -181,7 +181,7 @@ uint32_t Np_Tarn_EML_SmemRawDataWrite(uint32_t ulChipID, uint32_t ulTableID, uin
     for (uint32_t i = 0; i < stShape.ulNum; i++) {
         const uint32_t ulReturn = Np_Tarn_SmemWrite(
             ulChipID, ulSmemID, stShape.ulLength, ulOffAddr + stShape.ulFirst + i * NP_RAW_STEP,
-            reinterpret_cast<const uint8_t *>(pulData + i * NP_RAW_WORDS));
+            reinterpret_cast<const uint8_t *>(pulData + size_t{i} * NP_RAW_WORDS));
         if (ulReturn != NP_OK) {
             return ulReturn;
         }

@@ -253,10 +253,9 @@ uint32_t Np_FleeKeyRelease(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulKey
 
 void Np_FleeForget(uint32_t ulChipID)
 {
-    memset(&g_astEmlFleeBucketTcamKeyInfo[ulChipID * NP_FLEE_ENTRY_NUM], 0,
-           NP_FLEE_ENTRY_NUM * sizeof(NpFleeKeyInfo));
-    memset(&g_aulEMLLmDatataFleeBucketValid[ulChipID * NP_FLEE_ENTRY_NUM], 0,
-           NP_FLEE_ENTRY_NUM * sizeof(uint32_t));
+    const uint32_t ulFirst = ulChipID * NP_FLEE_ENTRY_NUM;
+    memset(&g_astEmlFleeBucketTcamKeyInfo[ulFirst], 0, sizeof(NpFleeKeyInfo[NP_FLEE_ENTRY_NUM]));
+    memset(&g_aulEMLLmDatataFleeBucketValid[ulFirst], 0, sizeof(uint32_t[NP_FLEE_ENTRY_NUM]));
 }
 
 uint32_t Np_Tarn_FleeBucketTblKeyIDAssign(uint32_t ulChipID, uint32_t ulTableID, uint32_t *pulKeyID)

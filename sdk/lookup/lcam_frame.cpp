@@ -1,18 +1,12 @@
 // The commands of the LCAM: one frame each, to one block, with no checks.
 #include "ldsdk/status.h"
+#include "sdk/access/frame.h"
 #include "sdk/frame/text.h"
 #include "sdk/frame/trace.h"
 #include "sdk/lookup/lcam.h"
 
 namespace {
 
-// Byte places in a request frame.
-inline constexpr uint32_t NP_RBA_COMMAND = 4;
-inline constexpr uint32_t NP_RBA_CLASS = 6;
-inline constexpr uint32_t NP_RBA_WIDTH = 8;
-inline constexpr uint32_t NP_RBA_PAYLOAD = 12;
-
-inline constexpr uint32_t NP_RBA_GROUP = 16;  // bytes of a payload group
 inline constexpr uint32_t NP_LCAM_ADDR_FLAG = 1u << 23;
 inline constexpr uint32_t NP_LCAM_CID_ROOM = 4;  // bits in front of a key
 

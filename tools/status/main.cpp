@@ -83,19 +83,23 @@ void print_section(const char *title, const char *intro, const std::vector<Item>
 
 int main()
 {
-    std::printf("# What is there\n\nGenerated from the lists in the code; `make status` writes it.\n");
-    print_section("Service slots",
-                  "Implementations by slot number. While one is not there, its slot is empty and the "
-                  "exported function answers 0x9a000003.",
-                  services());
-    print_section("Bring-up", "Steps by group, in their order. A step that is not there is skipped.",
+    std::printf(
+        "# What is there\n\nGenerated from the lists in the code; `make status` writes it.\n");
+    print_section(
+        "Service slots",
+        "Implementations by slot number. While one is not there, its slot is empty and the "
+        "exported function answers 0x9a000003.",
+        services());
+    print_section("Bring-up",
+                  "Steps by group, in their order. A step that is not there is skipped.",
                   bringup());
     print_section("Tear-down", "Steps in their order. A step that is not there is skipped.",
                   teardown());
     const std::vector<Item> handlers = pending_handlers();
-    std::printf("\n## Commands\n\nThese handlers answer \"Invalid command!\" until they land; "
-                "there are %zu.\n\n",
-                handlers.size());
+    std::printf(
+        "\n## Commands\n\nThese handlers answer \"Invalid command!\" until they land; "
+        "there are %zu.\n\n",
+        handlers.size());
     for (const Item &item : handlers) {
         std::printf("- `%s`\n", item.name.c_str());
     }
