@@ -60,7 +60,7 @@ void Np_FrameHalf(NpRbaReqCmd *pstFrame, uint32_t ulByte, uint32_t ulValue)
 void Np_FrameStart(uint32_t ulChipID, uint32_t ulSmemID, NpRbaReqCmd *pstFrame, uint32_t ulAddress,
                    uint32_t ulCommand, uint8_t ucClass)
 {
-    memset(pstFrame, 0, sizeof(*pstFrame));
+    *pstFrame = {};
     Np_FrameWord(pstFrame, 0, g_aulNpSmemCopAddr[ulChipID][ulSmemID] << 28 | ulAddress);
     Np_FrameHalf(pstFrame, NP_RBA_COMMAND, ulCommand << 4);
     *Np_FrameByte(pstFrame, NP_RBA_CLASS) = ucClass;
@@ -68,8 +68,7 @@ void Np_FrameStart(uint32_t ulChipID, uint32_t ulSmemID, NpRbaReqCmd *pstFrame, 
 
 uint32_t Np_FrameSend(uint32_t ulChipID, const NpRbaReqCmd *pstFrame, NpSmemRsp *pstRsp)
 {
-    NpRbaRspCmd stAnswer;
-    memset(&stAnswer, 0, sizeof(stAnswer));
+    NpRbaRspCmd stAnswer = {};
     const uint32_t ulReturn = Qd_RBA_CommandSend(ulChipID, pstFrame, &stAnswer);
     const uint8_t *pucAnswer = reinterpret_cast<const uint8_t *>(&stAnswer);
     __builtin_memcpy(&pstRsp->ulStatus, pucAnswer, sizeof(pstRsp->ulStatus));
@@ -144,6 +143,25 @@ uint32_t Np_LengthBytes(uint32_t ulLength)
     return 2u << ulLength;
 }
 
+// Copies a value of an access length: every width in its own move, without a call.
+void Np_ValueCopy(void *pvTo, const void *pvFrom, uint32_t ulLength)
+{
+    switch (ulLength) {
+        case NP_SMEM_LEN_16:
+            __builtin_memcpy(pvTo, pvFrom, 2);
+            break;
+        case NP_SMEM_LEN_32:
+            __builtin_memcpy(pvTo, pvFrom, 4);
+            break;
+        case NP_SMEM_LEN_64:
+            __builtin_memcpy(pvTo, pvFrom, 8);
+            break;
+        default:
+            __builtin_memcpy(pvTo, pvFrom, 16);
+            break;
+    }
+}
+
 uint32_t Np_AccessCheck(uint32_t ulSmemID, uint32_t ulLength)
 {
     if (ulSmemID >= Np_GLB_CapGet(NP_CAP_SMEM_NUM)) {
@@ -194,7 +212,7 @@ uint32_t Np_AccessRead(uint32_t ulChipID, uint32_t ulSmemID, uint32_t ulLength, 
         *pulRetArray = usValue;
         return NP_OK;
     }
-    memcpy(pulRetArray, pucValue, ulBytes);
+    Np_ValueCopy(pulRetArray, pucValue, ulLength);
     return NP_OK;
 }
 
@@ -208,7 +226,7 @@ uint32_t Np_AccessWrite(uint32_t ulChipID, uint32_t ulSmemID, uint32_t ulLength,
     const NpSmemReq stReq = {ulLength, ulOffAddr};
     const uint32_t ulBytes = Np_LengthBytes(ulLength);
     uint8_t aucBlock[NP_SMEM_BLOCK_SIZE] = {};
-    memcpy(aucBlock + NP_SMEM_BLOCK_SIZE - ulBytes, pucData, ulBytes);
+    Np_ValueCopy(aucBlock + NP_SMEM_BLOCK_SIZE - ulBytes, pucData, ulLength);
     NpSmemRsp stRsp;
     ulReturn = Np_PlainSend(ulChipID, ulSmemID, &stReq, NP_SMEM_OP_WRITE, NP_RBA_CLASS_WRITE,
                             aucBlock, &stRsp);

@@ -61,7 +61,7 @@ uint32_t Np_AdBytes(const NpLcamCommand *pstCommand)
 
 void Np_WireBuild(const NpLcamWire *pstWire, const NpLcamTcamAttr *pstAttr, NpRbaReqCmd *pstFrame)
 {
-    memset(pstFrame, 0, sizeof(*pstFrame));
+    *pstFrame = {};
     const uint32_t ulAddress = pstWire->ulTarget << 28 | (pstAttr->ulCid & 0xf) << 24 |
                                NP_LCAM_ADDR_FLAG | (pstAttr->ulDepth & 0x1ff);
     const uint16_t usCommand =
@@ -75,7 +75,7 @@ void Np_WireBuild(const NpLcamWire *pstWire, const NpLcamTcamAttr *pstAttr, NpRb
 
 uint32_t Np_WireSend(uint32_t ulChipID, const NpRbaReqCmd *pstFrame, NpRbaRspCmd *pstAnswer)
 {
-    memset(pstAnswer, 0, sizeof(*pstAnswer));
+    *pstAnswer = {};
     const uint32_t ulReturn = Qd_RBA_CommandSend(ulChipID, pstFrame, pstAnswer);
     if (ulReturn != NP_OK) {
         NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR, "rba command send failed! ulreturn = 0x%08x\r\n",
