@@ -70,6 +70,7 @@ void channel_tick(Chip &chip, uint64_t)
     }
     // In the order of their times; at one time the lower channel first.
     for (uint32_t burst = 0; num != 0; burst++) {
+        // cppcheck-suppress uninitvar; num is not 0
         AutoChannel *next = &channels[active[0]];
         for (uint32_t at = 1; at < num; at++) {
             if (channels[active[at]].due < next->due) {

@@ -268,7 +268,7 @@ bool faults_set(const char *text, FaultError *error)
         faults_clear();
         return true;
     }
-    FaultError ignored;
+    FaultError ignored = {};
     g_scratch = g_faults;
     if (!Reader(text, error == nullptr ? ignored : *error).read(g_scratch)) {
         return false;

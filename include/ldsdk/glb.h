@@ -14,7 +14,7 @@ typedef struct NpDyingGaspSmac NpDyingGaspSmac;
 /* Hooks that the sibling module registers. They are called from the context of the SDK call under
    way and may be replaced at any time; registering needs no registered chip. */
 typedef void (*NpPrintHook)(const char *pszText); /* one complete text, not a format */
-typedef void (*NpUsDelayHook)(uint32_t ulA, uint32_t ulB, uint32_t ulC); /* passed through */
+typedef void (*NpUsDelayHook)(uint32_t ulA, uint32_t ulB, uint32_t ulC);  /* passed through */
 typedef uint32_t (*NpSlaveReadHook)(uint32_t ulAddr, uint32_t *pulValue); /* 0 or a code */
 typedef uint32_t (*NpSlaveWriteHook)(uint32_t ulAddr, uint32_t ulValue);  /* 0 or a code */
 typedef void (*NpRecordErrHook)(uint32_t ulErrCode, uint32_t ulErrInfo);

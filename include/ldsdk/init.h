@@ -20,8 +20,8 @@ NP_API uint32_t Np_INIT_SdkDestruct(uint32_t ulChipID);
 
 /* A request for priority blocks: how many priorities, and each one's share of the table. */
 typedef struct NpPriBlock {
-    uint32_t ulMaxPriNum;        /* entries of aulPriPercent in use */
-    uint32_t ulPriPercent[256];  /* percent, lowest priority first; 100 in all */
+    uint32_t ulMaxPriNum;       /* entries of aulPriPercent in use */
+    uint32_t ulPriPercent[256]; /* percent, lowest priority first; 100 in all */
 } NpPriBlock;
 
 /* Lays the priority blocks of a CAM table out anew. ulType: 0 multi-service, 1 L2 analysis, 2

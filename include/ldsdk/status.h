@@ -2,6 +2,8 @@
 #ifndef LDSDK_STATUS_H
 #define LDSDK_STATUS_H
 
+/* clang-format off */
+
 #define NP_OK 0u
 #define NP_ERR_FAIL               0x9a000001u /* failure */
 #define NP_ERR_INIT               0x9a000002u /* initialisation failed */
@@ -80,5 +82,7 @@
 #define NP_ERR_EML_MISS           0x9a001601u /* hash table holds no such key */
 #define NP_ERR_FLEE_MISS          0x9a001602u /* flee store holds no such key */
 #define NP_ERR_ACL_BLOCK_FULL     0x9a000201u /* priority block of an ACL table is full */
+
+/* clang-format on */
 
 #endif

@@ -9,8 +9,8 @@
 
 NP_EXTERN_C_BEGIN
 
-/* What becomes of the packets of a VLAN. The values of a field whose comment names none are 0 and 1;
-   up and down are the two directions. */
+/* What becomes of the packets of a VLAN. The values of a field whose comment names none are 0 and
+   1; up and down are the two directions. */
 typedef struct NpVlan {
     uint32_t ulFwd;                 /* 0 forward, 1 snooping, 2 drop, 3 to CPU */
     uint32_t ulUpUnUcFiterEnable;   /* up: filter unknown unicast, */
@@ -25,21 +25,21 @@ typedef struct NpVlan {
     uint32_t ulDownUnUcNoDropEnable;
     uint32_t ulDownUnMcNoDropEnable;
     uint32_t ulDownBcNoDropEnable;
-    uint32_t ulVrfID;               /* 0 to 15 */
-    uint32_t ulPppoeVmacMask;       /* virtual MAC for PPPoE: 0 none, 1 1:1, 2 n:1, 3 both */
-    uint32_t ulNonPppoeVmacMask;    /* the same for the others */
-    uint32_t ulMstpID;              /* spanning tree instance, 0 to 3 */
-    uint32_t ulUrpfMode;            /* 0 to 3, as the microcode takes it */
-    uint32_t ulULrnMode;            /* learning, user side: 0 VLAN and MAC, 1 both VLANs, static,
-                                       2 VLAN, 3 VLAN and priority, 4 both VLANs, dynamic,
-                                       5 VLAN, session and MAC, 6 MAC, 7 VLAN and IPv4 */
-    uint32_t ulNLrnMode;            /* learning, network side: the same */
-    uint32_t ulMccLeafID;           /* leaf of the multicast copies, 0 to 1999 */
-    uint32_t ulVlanIf;              /* VLAN interface, 0 to 31 */
-    uint32_t ulMcSearchMode;        /* multicast search: 0 MAC and VLAN, 1 VLAN and both IPs,
-                                       2 group IP, 3 both IPs, 4 VLAN and group IP, 5 both VLANs;
-                                       up to 7 */
-    uint32_t ulPortBitMap;          /* member ports, 26 bits */
+    uint32_t ulVrfID;            /* 0 to 15 */
+    uint32_t ulPppoeVmacMask;    /* virtual MAC for PPPoE: 0 none, 1 1:1, 2 n:1, 3 both */
+    uint32_t ulNonPppoeVmacMask; /* the same for the others */
+    uint32_t ulMstpID;           /* spanning tree instance, 0 to 3 */
+    uint32_t ulUrpfMode;         /* 0 to 3, as the microcode takes it */
+    uint32_t ulULrnMode;         /* learning, user side: 0 VLAN and MAC, 1 both VLANs, static,
+                                    2 VLAN, 3 VLAN and priority, 4 both VLANs, dynamic,
+                                    5 VLAN, session and MAC, 6 MAC, 7 VLAN and IPv4 */
+    uint32_t ulNLrnMode;         /* learning, network side: the same */
+    uint32_t ulMccLeafID;        /* leaf of the multicast copies, 0 to 1999 */
+    uint32_t ulVlanIf;           /* VLAN interface, 0 to 31 */
+    uint32_t ulMcSearchMode;     /* multicast search: 0 MAC and VLAN, 1 VLAN and both IPs,
+                                    2 group IP, 3 both IPs, 4 VLAN and group IP, 5 both VLANs;
+                                    up to 7 */
+    uint32_t ulPortBitMap;       /* member ports, 26 bits */
     uint32_t ulQinQ;
     uint32_t ulBrasMacEnable;
     uint32_t ulVlanIfEnable;

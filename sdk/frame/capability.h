@@ -7,6 +7,7 @@
 inline constexpr uint32_t NP_CAP_NUM = 361;
 
 // slot, name, value, meaning. Slots that are not listed hold 0.
+// clang-format off
 #define NP_CAPABILITY_LIST(X) \
     X(0, FLEE_KEY_NUM, 0x60u, "flee bucket keys of all tables but LM data") \
     X(2, DYING_GASP_PARAM, 0x1ffu, "highest dying-gasp and mirror user parameter") \
@@ -187,6 +188,7 @@ inline constexpr uint32_t NP_CAP_NUM = 361;
     X(358, SMEM_QUEUE_NUM, 0x10u, "search memory queues") \
     X(359, SMEM_QUEUE_DEPTH, 0x10u, "depth of a queue") \
     X(360, SMEM_QUEUE_MEM, 0u, "memory of the queues")
+// clang-format on
 
 enum NpCapSlot : uint32_t {
 #define NP_CAP_ENUM(slot, name, value, meaning) NP_CAP_##name = slot,

@@ -111,7 +111,7 @@ consteval int32_t Np_FieldMost(const NpInbandField &stField)
 {
     switch (stField.enLimit) {
         case NP_LIMIT_NONE:
-            return stField.ucWidth > 31 ? INT32_MAX : (1 << stField.ucWidth) - 1;
+            return stField.ucWidth >= 31 ? INT32_MAX : (1 << stField.ucWidth) - 1;
         case NP_LIMIT_MOST:
             return static_cast<int32_t>(stField.ulLimit);
         case NP_LIMIT_ENABLE:
