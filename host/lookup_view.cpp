@@ -62,6 +62,7 @@ constexpr uint32_t kSignsPerLine = 64;
     std::array<char, 256> line;
     va_list arguments;
     va_start(arguments, format);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): the line above starts it
     std::vsnprintf(line.data(), line.size(), format, arguments);
     va_end(arguments);
     text += line.data();

@@ -36,8 +36,8 @@ uint32_t Np_StackFind(uint32_t ulChipID, uint8_t ucStackId, NpStackDesc **ppstSt
     return NP_ERR_STACK_NO_INIT;
 }
 
-// An empty stack has no array; a stack with numbers needs one.
-bool Np_StackAlloc(NpStackDesc *pstStack, const NpStackDesc *pstInfo)
+// Makes a stack of which all numbers are free. An empty one has no array.
+bool Np_StackMake(NpStackDesc *pstStack, const NpStackDesc *pstInfo)
 {
     *pstStack = *pstInfo;
     pstStack->pusData = nullptr;
@@ -45,7 +45,13 @@ bool Np_StackAlloc(NpStackDesc *pstStack, const NpStackDesc *pstInfo)
         return true;
     }
     pstStack->pusData = static_cast<uint16_t *>(Os_Alloc(pstInfo->usSize * sizeof(uint16_t)));
-    return pstStack->pusData != nullptr;
+    if (pstStack->pusData == nullptr) {
+        return false;
+    }
+    for (uint32_t i = 0; i < pstStack->usSize; i++) {
+        pstStack->pusData[i] = static_cast<uint16_t>(pstStack->usBase + i);
+    }
+    return true;
 }
 
 }  // namespace
@@ -64,13 +70,10 @@ uint32_t Np_Tarn_Stack_Init(uint32_t ulChipID)
         return NP_ERR_NO_MEMORY;
     }
     for (uint32_t i = 0; i < ulNum; i++) {
-        if (!Np_StackAlloc(&pastStack[i], &g_astNpStackInfo[ulChipID][i])) {
+        if (!Np_StackMake(&pastStack[i], &g_astNpStackInfo[ulChipID][i])) {
             NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "memory alloc failed!\r\n");
             Np_Tarn_Stack_Destruct(ulChipID);
             return NP_ERR_NO_MEMORY;
-        }
-        for (uint32_t j = 0; j < pastStack[i].usSize; j++) {
-            pastStack[i].pusData[j] = static_cast<uint16_t>(pastStack[i].usBase + j);
         }
     }
     return NP_OK;

@@ -158,8 +158,8 @@ inline constexpr AtomOperandIndex atom_operand_index = [] {
     for (uint8_t &ucRow : stIndex.aucRow) {
         ucRow = 0xff;
     }
-    for (uint8_t i = 0; i < sizeof(atom_operand) / sizeof(atom_operand[0]); i++) {
-        stIndex.aucRow[static_cast<uint8_t>(atom_operand[i].cName)] = i;
+    for (uint32_t i = 0; i < sizeof(atom_operand) / sizeof(atom_operand[0]); i++) {
+        stIndex.aucRow[static_cast<uint8_t>(atom_operand[i].cName)] = static_cast<uint8_t>(i);
     }
     return stIndex;
 }();

@@ -98,14 +98,13 @@ uint32_t Np_AtomConfigSet(uint32_t ulChipID, uint32_t ulAtomID, const NpMicroCon
         NP_DRIVER_FAILED("Qd_ATOM_ExceptionPcSet failed ulReturn = 0x%08x \r\n", ulReturn);
         return ulReturn;
     }
-    return Np_Micro_ThreadWalk([&](uint32_t ulNpuID, uint32_t ulThreadID) {
-        ulReturn =
-            Qd_ATOM_ThreadNextPCSet(ulChipID, ulAtomID, ulNpuID, ulThreadID, stConfig.ulStartPC);
-        if (ulReturn != NP_OK) {
-            NP_DRIVER_FAILED("Qd_ATOM_ThreadNextPCSet failed ulReturn = 0x%08x \r\n", ulReturn);
-        }
-        return ulReturn;
+    ulReturn = Np_Micro_ThreadWalk([&](uint32_t ulNpuID, uint32_t ulThreadID) {
+        return Qd_ATOM_ThreadNextPCSet(ulChipID, ulAtomID, ulNpuID, ulThreadID, stConfig.ulStartPC);
     });
+    if (ulReturn != NP_OK) {
+        NP_DRIVER_FAILED("Qd_ATOM_ThreadNextPCSet failed ulReturn = 0x%08x \r\n", ulReturn);
+    }
+    return ulReturn;
 }
 
 uint32_t Np_SectionMissing(uint32_t ulBinDescCode)

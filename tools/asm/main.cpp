@@ -92,6 +92,7 @@ int run(const Options &options)
 
 }  // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): what setting up options throws is out of memory
 int main(int argc, char **argv)
 {
     Options options;

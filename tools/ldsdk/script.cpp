@@ -26,6 +26,7 @@ class LineReader {
     {
         while (true) {
             const char *begin = bytes_.data() + begin_;
+            // NOLINTNEXTLINE(bugprone-not-null-terminated-result): a file has no NUL
             const void *end = std::memchr(begin, '\n', bytes_.size() - begin_);
             if (end != nullptr) {
                 const auto length = static_cast<size_t>(static_cast<const char *>(end) - begin);
