@@ -107,7 +107,7 @@ constexpr uint32_t Np_FieldKeyFind(const char *pszOwn)
 }
 
 // Highest value of a field: its limit, or that of its bits.
-consteval int32_t Np_FieldMost(const NpInbandField &stField)
+constexpr int32_t Np_FieldMost(const NpInbandField &stField)
 {
     switch (stField.enLimit) {
         case NP_LIMIT_NONE:
@@ -132,7 +132,7 @@ consteval int32_t Np_FieldMost(const NpInbandField &stField)
     }
 }
 
-consteval NpSmdKeyItem Np_Item(uint32_t ulKey, uint32_t ulType, uint32_t ulPromptNo,
+constexpr NpSmdKeyItem Np_Item(uint32_t ulKey, uint32_t ulType, uint32_t ulPromptNo,
                                const char *pszName, int32_t lMax)
 {
     NpSmdKeyItem stItem = {ulKey, ulType, ulPromptNo, {}, 0, lMax};
@@ -162,7 +162,7 @@ struct NpParamRows {
 
 // Rows of a format in a record that begins at ulBase; ulMore rows are left free behind them.
 template <uint32_t ulMore, size_t ulNum>
-consteval NpParamRows<ulNum + ulMore> Np_ParamRows(const NpInbandField (&astField)[ulNum],
+constexpr NpParamRows<ulNum + ulMore> Np_ParamRows(const NpInbandField (&astField)[ulNum],
                                                    size_t ulBase)
 {
     NpParamRows<ulNum + ulMore> stRows = {};
@@ -181,7 +181,7 @@ consteval NpParamRows<ulNum + ulMore> Np_ParamRows(const NpInbandField (&astFiel
 }
 
 template <uint32_t ulNum>
-consteval void Np_RowAdd(NpParamRows<ulNum> &stRows, uint32_t ulKey, uint32_t ulType,
+constexpr void Np_RowAdd(NpParamRows<ulNum> &stRows, uint32_t ulKey, uint32_t ulType,
                          const char *pszName, int32_t lMax, size_t ulOffset)
 {
     const uint32_t ulAt = stRows.ulUsed++;
@@ -195,7 +195,7 @@ inline constexpr uint32_t NP_SEND_MORE = 3;
 inline constexpr size_t NP_INSERT_BASE = offsetof(InfoForSend, unInsertPkt);
 
 template <size_t ulNum>
-consteval NpParamRows<ulNum + NP_SEND_MORE> Np_SendRows(uint32_t ulSubType,
+constexpr NpParamRows<ulNum + NP_SEND_MORE> Np_SendRows(uint32_t ulSubType,
                                                         const NpInbandField (&astField)[ulNum])
 {
     NpParamRows<ulNum + NP_SEND_MORE> stRows = Np_ParamRows<NP_SEND_MORE>(astField, NP_INSERT_BASE);

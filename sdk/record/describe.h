@@ -10,35 +10,35 @@
 #include <span>
 #include <type_traits>
 
-consteval NpLimit Np_Most(uint32_t ulMax)
+constexpr NpLimit Np_Most(uint32_t ulMax)
 {
     return {NP_BOUND_MOST, NP_SAY_PARAM, 0, ulMax};
 }
-consteval NpLimit Np_Below(uint32_t ulLimit)
+constexpr NpLimit Np_Below(uint32_t ulLimit)
 {
     return Np_Most(ulLimit - 1);
 }
-consteval NpLimit Np_Range(int32_t lMin, int32_t lMax)
+constexpr NpLimit Np_Range(int32_t lMin, int32_t lMax)
 {
     return {NP_BOUND_MOST, NP_SAY_PARAM, static_cast<uint32_t>(lMin), static_cast<uint32_t>(lMax)};
 }
-consteval NpLimit Np_MostCap(NpCapSlot enSlot)
+constexpr NpLimit Np_MostCap(NpCapSlot enSlot)
 {
     return {NP_BOUND_MOST_CAP, NP_SAY_PARAM, 0, enSlot};
 }
-consteval NpLimit Np_BelowCap(NpCapSlot enSlot)
+constexpr NpLimit Np_BelowCap(NpCapSlot enSlot)
 {
     return {NP_BOUND_BELOW_CAP, NP_SAY_PARAM, 0, enSlot};
 }
-consteval NpLimit Np_Flag(NpSay enSay)
+constexpr NpLimit Np_Flag(NpSay enSay)
 {
     return {NP_BOUND_MOST, enSay, 0, 1};
 }
-consteval NpLimit Np_Port()
+constexpr NpLimit Np_Port()
 {
     return {NP_BOUND_PORT, NP_SAY_PARAM, 0, 0};
 }
-consteval NpLimit Np_Custom()
+constexpr NpLimit Np_Custom()
 {
     return {NP_BOUND_CUSTOM, NP_SAY_PARAM, 0, 0};
 }
@@ -99,14 +99,14 @@ struct NpRowSpec {
 
 // Value words of 0, 1, 2 and so on. Sparse ones are written out: {{0, "uni", 1}, {0, "nni", 2}}.
 template <typename... Texts>
-consteval auto Np_Words(Texts... pszText)
+constexpr auto Np_Words(Texts... pszText)
 {
     uint32_t ulValue = 0;
     return std::array<NpSmdKeyEnum, sizeof...(Texts)>{NpSmdKeyEnum{0, pszText, ulValue++}...};
 }
 
 // The field's own name, without those of the members that it stands in.
-consteval const char *Np_OwnName(const char *pszName)
+constexpr const char *Np_OwnName(const char *pszName)
 {
     const char *pszOwn = pszName;
     for (; *pszName != 0; pszName++) {
@@ -117,7 +117,7 @@ consteval const char *Np_OwnName(const char *pszName)
     return pszOwn;
 }
 
-consteval bool Np_CrossesWords(const NpField &stField)
+constexpr bool Np_CrossesWords(const NpField &stField)
 {
     for (uint32_t i = 0; i < stField.usCount; i++) {
         const int32_t lBit = stField.usBit + static_cast<int32_t>(i) * stField.sStep;
@@ -128,7 +128,7 @@ consteval bool Np_CrossesWords(const NpField &stField)
     return false;
 }
 
-consteval NpMove Np_MoveFind(const NpField &stField)
+constexpr NpMove Np_MoveFind(const NpField &stField)
 {
     if (stField.ucWidth == 0 || stField.pstCoding != nullptr || stField.ucFrom != 0 ||
         stField.ucType == NP_SMD_SIGNED || stField.ucRun != 0 || Np_CrossesWords(stField)) {
@@ -147,7 +147,7 @@ consteval NpMove Np_MoveFind(const NpField &stField)
 }
 
 template <typename Element>
-consteval NpField Np_FieldMake(const char *pszName, size_t ulOffset, size_t ulSize, size_t ulStride,
+constexpr NpField Np_FieldMake(const char *pszName, size_t ulOffset, size_t ulSize, size_t ulStride,
                                NpFieldSpec stSpec)
 {
     NpField stField = {};
@@ -195,7 +195,7 @@ consteval NpField Np_FieldMake(const char *pszName, size_t ulOffset, size_t ulSi
 }
 
 template <typename Element>
-consteval NpCheck Np_CheckMake(const char *pszName, size_t ulOffset, size_t ulSize, size_t ulStride,
+constexpr NpCheck Np_CheckMake(const char *pszName, size_t ulOffset, size_t ulSize, size_t ulStride,
                                NpLimit stLimit, NpCheckSpec stSpec)
 {
     const size_t ulStep = ulStride != 0 ? ulStride : sizeof(Element);
@@ -231,7 +231,7 @@ enum NpRowFault : uint32_t {
 };
 
 // The family's capability words, where the compiler can see them.
-consteval uint32_t Np_CapFamily(uint32_t ulSlot)
+constexpr uint32_t Np_CapFamily(uint32_t ulSlot)
 {
 #define NP_CAP_CASE(slot, name, value, meaning) \
     if (ulSlot == (slot)) {                     \
@@ -242,7 +242,7 @@ consteval uint32_t Np_CapFamily(uint32_t ulSlot)
     return 0;
 }
 
-consteval bool Np_SameText(const char *pszA, const char *pszB)
+constexpr bool Np_SameText(const char *pszA, const char *pszB)
 {
     while (*pszA != 0 && *pszA == *pszB) {
         pszA++;
@@ -267,7 +267,7 @@ struct NpBitSet {
     std::array<uint64_t, NP_ROW_IMAGE_MAX / 8> aulWord;
 };
 
-consteval bool Np_BitsTake(NpBitSet &stSet, uint32_t ulBit)
+constexpr bool Np_BitsTake(NpBitSet &stSet, uint32_t ulBit)
 {
     const uint64_t ulMask = uint64_t{1} << ulBit % 64;
     const bool bFree = (stSet.aulWord[ulBit / 64] & ulMask) == 0;
@@ -275,7 +275,7 @@ consteval bool Np_BitsTake(NpBitSet &stSet, uint32_t ulBit)
     return bFree;
 }
 
-consteval uint32_t Np_BitWidth(uint32_t ulValue)
+constexpr uint32_t Np_BitWidth(uint32_t ulValue)
 {
     uint32_t ulWidth = 0;
     for (; ulValue != 0; ulValue >>= 1) {
@@ -285,7 +285,7 @@ consteval uint32_t Np_BitWidth(uint32_t ulValue)
 }
 
 // Bits that a field must have for all that its checks, or its size where none bounds it, let pass.
-consteval uint32_t Np_BitsNeeded(const NpField &stField, std::span<const NpCheck> stChecks)
+constexpr uint32_t Np_BitsNeeded(const NpField &stField, std::span<const NpCheck> stChecks)
 {
     const uint32_t ulSize = 8u * stField.ucSize;
     for (const NpCheck &stCheck : stChecks) {
@@ -314,13 +314,13 @@ consteval uint32_t Np_BitsNeeded(const NpField &stField, std::span<const NpCheck
     return ulSize;
 }
 
-consteval bool Np_Exclusive(const NpWhen &stA, const NpWhen &stB)
+constexpr bool Np_Exclusive(const NpWhen &stA, const NpWhen &stB)
 {
     return stA.ulMask != 0 && stB.ulMask != 0 && stA.usOffset == stB.usOffset &&
            (stA.ulMask & stB.ulMask) == 0;
 }
 
-consteval NpRowFault Np_FieldValidate(const NpField &stField, uint32_t ulRecordSize,
+constexpr NpRowFault Np_FieldValidate(const NpField &stField, uint32_t ulRecordSize,
                                       uint32_t ulImageSize, std::span<const NpField> stFields,
                                       std::span<const NpCheck> stChecks)
 {
@@ -367,7 +367,7 @@ consteval NpRowFault Np_FieldValidate(const NpField &stField, uint32_t ulRecordS
     return !bNarrow && stField.bCut ? NP_ROW_NOTHING_CUT : NP_ROW_GOOD;
 }
 
-consteval NpRowFault Np_RowValidate(uint32_t ulRecordSize, uint32_t ulImageSize,
+constexpr NpRowFault Np_RowValidate(uint32_t ulRecordSize, uint32_t ulImageSize,
                                     std::span<const NpField> stFields,
                                     std::span<const NpCheck> stChecks)
 {
@@ -436,7 +436,7 @@ void Np_Fault_SelectorNotBefore();
 void Np_Fault_SameKeyword();
 void Np_Fault_RowTooBig();
 
-consteval void Np_RowRefuse(NpRowFault enFault)
+constexpr void Np_RowRefuse(NpRowFault enFault)
 {
     switch (enFault) {
         case NP_ROW_GOOD:
@@ -464,7 +464,7 @@ consteval void Np_RowRefuse(NpRowFault enFault)
 
 // Makes the description of a row from its fields and checks, which are constants of static storage.
 template <typename Record>
-consteval NpRow Np_RowMake(NpRowSpec stSpec, std::span<const NpField> stFields,
+constexpr NpRow Np_RowMake(NpRowSpec stSpec, std::span<const NpField> stFields,
                            std::span<const NpCheck> stChecks)
 {
     static_assert(std::is_standard_layout_v<Record> && std::is_trivially_copyable_v<Record>);
