@@ -377,7 +377,7 @@ uint32_t lookup_lcam(uint32_t chip, const LcamQuery &query, LcamResult *result)
         return kErrNotModelled;
     }
     // The key moves up by the identifier's four bits.
-    uint8_t bytes[kTcamKeyBytes];
+    uint8_t bytes[kTcamKeyBytes] = {};
     uint32_t carry = query.cid;
     for (uint32_t byte = 0; byte < entry_bytes(query.type); byte++) {
         bytes[byte] = static_cast<uint8_t>(query.key[byte] << 4 | carry);

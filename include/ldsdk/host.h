@@ -10,13 +10,14 @@
 
 NP_EXTERN_C_BEGIN
 
+/* Results: done; chip number not 0 to 3, or no chip attached there; nothing modelled at the
+   address, or not a multiple of 4; a null pointer where one is needed; a fault's text that can't be
+   read, of which ldsdk_model_error tells more. */
 #define LDSDK_HOST_OK 0u
-#define LDSDK_HOST_CHIP 1u    /* chip number not 0 to 3, or no chip attached there */
-#define LDSDK_HOST_ADDRESS 2u /* the model has nothing at this address, or it is not word-aligned \
-                               */
-#define LDSDK_HOST_NULL 3u    /* a null pointer where one is needed */
-#define LDSDK_HOST_DESCRIPTION \
-    4u /* a fault's text that can't be read; ldsdk_model_error tells why */
+#define LDSDK_HOST_CHIP 1u
+#define LDSDK_HOST_ADDRESS 2u
+#define LDSDK_HOST_NULL 3u
+#define LDSDK_HOST_DESCRIPTION 4u
 
 /* A powered-on chip behind the driver interface: chip 0 as the master behind the mapped windows,
    1 to 3 as slaves on the indirect bus. Again: the chip is power-cycled, all its memory 0. */
