@@ -284,6 +284,9 @@ TEST(ToolScript, TheExamplesRun)
         tool({"--script", LDSDK_SOURCE_DIR "/examples/scripts/access-node.ldsdk"});
     EXPECT_EQ(finished.status, 0) << finished.err;
     EXPECT_THAT(finished.out, HasSubstr("Lodestone1.3.10.0022forQA02MXU"));
+    // What the rows hold in the end: ports 0 to 3, snooping; the two leaves of a list.
+    EXPECT_THAT(finished.out, HasSubstr("0x60210320: 0000000f 40000000\n"));
+    EXPECT_THAT(finished.out, HasSubstr("0x60202028: 800b0003 ffff0004\n"));
 }
 
 TEST(ToolScript, EndsQuietlyWhenNobodyReads)
