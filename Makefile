@@ -38,10 +38,18 @@ format:
 	@cmake/deps.sh lint
 	@git ls-files '*.h' '*.cpp' '*.c' | xargs clang-format -i
 
+# Each fuzzer for FUZZ_SECONDS. Inputs that found something new stay in build/fuzz/corpus.
+FUZZ_SECONDS ?= 60
 fuzz:
+	@cmake/deps.sh
 	@cmake/deps.sh fuzz
 	@cmake --preset fuzz >/dev/null
 	@cmake --build build/fuzz --parallel $(JOBS)
+	@for name in command image assembler; do \
+	    mkdir -p build/fuzz/corpus/$$name && \
+	    build/fuzz/bin/fuzz_$$name -max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 -verbosity=0 \
+	        build/fuzz/corpus/$$name fuzz/corpus/$$name || exit 1; \
+	done
 
 test-asan: deps
 	@cmake --preset asan >/dev/null

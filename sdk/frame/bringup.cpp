@@ -50,7 +50,8 @@ constexpr NpStep Np_Landed(NpStepGroup enGroup, const char *pszName, NpStepOf_TA
     return {enGroup, pszName, pfnStep, nullptr};
 }
 
-constexpr NpStep Np_Landed(NpStepGroup enGroup, const char *pszName, NpStepOf_ANALYSIS *pfnStep)
+[[maybe_unused]] constexpr NpStep Np_Landed(NpStepGroup enGroup, const char *pszName,
+                                            NpStepOf_ANALYSIS *pfnStep)
 {
     return {enGroup, pszName, nullptr, pfnStep};
 }
