@@ -1,4 +1,5 @@
-// The microcode image, in memory that ends where the image ends, then what was loaded as text.
+// The microcode image, then what was loaded as text. Reads past the image show from the next page
+// on; the tests place images against a guard.
 #include "fuzz/chip.h"
 #include "host/image.h"
 
