@@ -51,10 +51,13 @@ fuzz:
 	        build/fuzz/corpus/$$name fuzz/corpus/$$name || exit 1; \
 	done
 
+# Without the Python example: its interpreter can't host the sanitizers' runtime. The null checks of
+# the undefined-behaviour sanitizer are off, since with them gcc takes no address for a constant.
 test-asan: deps
 	@cmake --preset asan >/dev/null
 	@cmake --build build/asan --parallel $(JOBS)
-	@ctest --test-dir build/asan --output-on-failure --parallel $(JOBS)
+	@build/asan/bin/ldsdk_tests --gtest_brief=1 --gtest_filter=-DoorPage.*
+	@build/asan/bin/door_test_c
 
 test-valgrind: build
 	@cmake/deps.sh valgrind
