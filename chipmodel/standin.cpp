@@ -29,6 +29,14 @@ constexpr uint32_t kLanLimit = 0x6024b100;
 constexpr uint32_t kControl = 0x7a101a40;  // bit 0: the global limit counts
 constexpr uint32_t kLearnState = 0x60227b40;
 
+// User MACs and the virtual MACs that stand for them: 512 rows of 16 bytes. The last word tells
+// whether either has an entry.
+constexpr uint32_t kUserMacs = 0x6020e000;
+constexpr uint32_t kUserMacRows = 512;
+constexpr uint32_t kUserMacLast = 12;
+constexpr uint32_t kUserUsed = 1u << 31;
+constexpr uint32_t kVirtualUsed = 1u << 30;
+
 uint32_t word_get(const Chip &chip, uint32_t address)
 {
     return chip.memory.read32(Memory::locate(address, 4));
@@ -73,6 +81,15 @@ struct Entry {
     uint32_t type() const
     {
         return bits(3, 27, 24);
+    }
+    // An entry of a virtual MAC names a row of the user MACs.
+    bool is_virtual() const
+    {
+        return bits(0, 1, 1) != 0;
+    }
+    uint32_t user_row() const
+    {
+        return bits(0, 15, 4);
     }
     // Operation and interface: what it leads to.
     uint32_t target() const
@@ -141,11 +158,24 @@ void credit_add(Chip &chip, const Limits &limits, uint32_t amount)
     }
 }
 
-// An entry that went gives its credit back.
+// A row of the user MACs has, or no longer has, an entry of the MAC table.
+void user_mac_mark(Chip &chip, const Entry &entry, bool used)
+{
+    if (!entry.is_virtual() || entry.user_row() >= kUserMacRows) {
+        return;
+    }
+    const uint32_t last = Memory::locate(kUserMacs + 16 * entry.user_row() + kUserMacLast, 4);
+    const uint32_t flag = entry.type() == kUserMacType ? kUserUsed : kVirtualUsed;
+    const uint32_t word = chip.memory.read32(last);
+    chip.memory.write32(last, used ? word | flag : word & ~flag);
+}
+
+// An entry that went gives its credit back, and frees its row of the user MACs.
 void credit_back(Chip &chip, uint32_t table, const Entry &entry)
 {
     if (table == kMacTable) {
         credit_add(chip, limits_of(chip, entry), 1);
+        user_mac_mark(chip, entry, false);
         return;
     }
     word_add(chip, kLanLimit, 1);
@@ -210,6 +240,9 @@ LearnResult learn(Chip &chip, const Entry &entry)
         result = LearnResult::kNoRoom;
     }
     credit_add(chip, result == LearnResult::kLearned ? limits : before, 0xffffffff);
+    if (result == LearnResult::kLearned) {
+        user_mac_mark(chip, entry, true);
+    }
     return result;
 }
 

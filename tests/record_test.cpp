@@ -48,6 +48,7 @@ std::vector<const NpRow *> image_rows()
     for (const Flat &flat : kFlat) {
         rows.push_back(flat.table->pstRow);
     }
+#define NP_KEYED_ROW(stKey, Key, stRow, Record, Wrapper, Handler, enForm) rows.push_back(&(stRow));
 #define NP_LOOSE_ROW(stRow)         \
     if ((stRow).usImageSize != 0) { \
         rows.push_back(&(stRow));   \
@@ -88,8 +89,9 @@ class Maker {
             }
             for (uint32_t i = 0; i < field.usCount; i++) {
                 if (field.ucType == NP_SMD_PORT) {
-                    std::memcpy(bytes.data() + field.usOffset + i * field.usStride,
-                                &kPorts[random_() % std::size(kPorts)], sizeof(NpPortID));
+                    const NpPortID port = fitting_port(field);
+                    std::memcpy(bytes.data() + field.usOffset + i * field.usStride, &port,
+                                sizeof(port));
                 }
                 else {
                     Np_Row_Store(&field, i, value(row, field), bytes.data());
@@ -105,6 +107,19 @@ class Maker {
     }
 
   private:
+    // A port whose number the field has the bits for.
+    NpPortID fitting_port(const NpField &field)
+    {
+        while (true) {
+            const NpPortID &port = kPorts[random_() % std::size(kPorts)];
+            uint32_t phy = 0;
+            EXPECT_EQ(Np_PortID2PhyID(0, &port, &phy), NP_OK);
+            if (field.ucWidth == 0 || phy >> field.ucWidth == 0) {
+                return port;
+            }
+        }
+    }
+
     uint32_t value(const NpRow &row, const NpField &field)
     {
         const NpCheck *check = Np_Row_FieldCheck(&row, &field);
@@ -544,6 +559,7 @@ struct Order {
 };
 
 const char kEnable[] = "enable Para error: 0x%08x \r\n";
+const char kBool[] = "true/false Para error: 0x%08x \r\n";
 
 const Order kOrders[] = {
     {"Np_MetTbl",
@@ -641,6 +657,23 @@ const Order kOrders[] = {
      {{"key ulIndex", 1, "param error! ulIndex=0x%08x\r\n"},
       {"aucPriMap 0", 4, "param error! pstPriCarMap->aucPriMap[ulI][ulJ]=0x%08x\r\n"},
       {"aucPriMap 31", 5, "param error! pstPriCarMap->aucPriMap[ulI][ulJ]=0x%08x\r\n"}}},
+    {"Np_VmacInfoTbl",
+     {{"key ulVmacInfoID", 32, "param error! (ulVmacInfoID)=0x%08x\r\n"},
+      {"ulVmacBase", 0x1000, "param error! (pstVmacInfo->ulVmacBase)=0x%08x\r\n"},
+      {"ulVmacNumber", 33, "param error! (pstVmacInfo->ulVmacNumber)=0x%08x\r\n"}}},
+    {"Np_UvtTbl",
+     {{"key ulIndex", 512, "param error! ulIndex=0x%08x\r\n"},
+      {"ulUmacUsed", 2, "param error! pstUvt->ulUmacUsed=0x%08x\r\n"},
+      {"ulVmacUsed", 3, "param error! pstUvt->ulVmacUsed=0x%08x\r\n"},
+      {"ulUsed", 4, kBool},
+      {"ulStaticFlag", 5, kBool}}},
+    {"Np_VmacOffsetTbl", {{"key ulIndex", 32, "param error! (ulIndex)=0x%08x\r\n"}}},
+    {"Np_PortMacLimitTbl",
+     {{"key ulIndex", 64, "param error! (ulIndex)=0x%08x\r\n"},
+      {"usLimitNum", 1025, "param error! (pstPortLimitNum->usLimitNum)=0x%08x\r\n"}}},
+    {"Np_GlbLanMacLimitTbl",
+     {{"key ulIndex", 1, "param error! (ulIndex)=0x%08x\r\n"},
+      {"usLimitNum", 1025, "param error! (pstGlbLimitNum->usLimitNum)=0x%08x\r\n"}}},
 };
 
 const Flat &flat_of(const std::string &name)
@@ -780,6 +813,26 @@ const Image kImages[] = {
     {"Np_PriCarMapTbl", "aucPriMap 8=1, aucPriMap 15=3", {0, 0x0000c001}},
     {"Np_PriCarMapTbl", "aucPriMap 16=1, aucPriMap 23=3", {0xc0010000, 0}},
     {"Np_PriCarMapTbl", "aucPriMap 27=2, aucPriMap 31=3", {0x0000c080, 0}},
+    {"Np_VmacInfoTbl", "ulVmacBase=4095", {0x00000fff}},
+    {"Np_VmacInfoTbl", "ulVmacNumber=32", {0x00200000}},
+    {"Np_UvtTbl", "aucUmac 5=254", {0x000000fe, 0, 0, 0}},
+    {"Np_UvtTbl", "aucUmac 2=1", {0x01000000, 0, 0, 0}},
+    {"Np_UvtTbl", "aucUmac 1=255, aucUmac 0=18", {0, 0x000012ff, 0, 0}},
+    {"Np_UvtTbl", "aucVmac 5=254, aucVmac 2=1", {0, 0, 0x010000fe, 0}},
+    {"Np_UvtTbl", "aucVmac 1=255, aucVmac 0=18", {0, 0, 0, 0x000012ff}},
+    {"Np_UvtTbl", "ulUmacUsed=1", {0, 0, 0, 0x80000000}},
+    {"Np_UvtTbl", "ulVmacUsed=1", {0, 0, 0, 0x40000000}},
+    {"Np_UvtTbl", "ulUsed=1", {0, 0, 0, 0x20000000}},
+    {"Np_UvtTbl", "ulStaticFlag=1", {0, 0, 0, 0x10000000}},
+    {"Np_VmacOffsetTbl", "ulVmacOffset 0=18", {0, 0, 0, 0, 0, 0, 0, 0x12000000}},
+    {"Np_VmacOffsetTbl",
+     "ulVmacOffset 3=18, ulVmacOffset 4=52",
+     {0, 0, 0, 0, 0, 0, 0x34000000, 0x12}},
+    {"Np_VmacOffsetTbl",
+     "ulVmacOffset 31=255, ulVmacOffset 28=1",
+     {0x010000ff, 0, 0, 0, 0, 0, 0, 0}},
+    {"Np_PortMacLimitTbl", "usLimitNum=1024", {0x80000400}},
+    {"Np_GlbLanMacLimitTbl", "usLimitNum=5", {0x80000005}},
 };
 
 TEST_F(Rows, FieldsStandInTheirPlaces)

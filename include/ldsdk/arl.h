@@ -7,20 +7,121 @@
 
 NP_EXTERN_C_BEGIN
 
-typedef struct NpArlKey NpArlKey;
-typedef struct NpArlData NpArlData;
-typedef struct NpArlInfo NpArlInfo;
-typedef struct NpDynamicLrn NpDynamicLrn;
-typedef struct NpDynamicLrnState NpDynamicLrnState;
-typedef struct NpArlAgeModeKey NpArlAgeModeKey;
-typedef struct NpUvmacInfoKey NpUvmacInfoKey;
-typedef struct NpUvmacInfoAd NpUvmacInfoAd;
-typedef struct NpVmacOffset NpVmacOffset;
-typedef struct NpLanMacKey NpLanMacKey;
-typedef struct NpLanMacData NpLanMacData;
-typedef struct NpLanMacInfo NpLanMacInfo;
-typedef struct NpPortLimitNum NpPortLimitNum;
-typedef struct NpGlbLimitNum NpGlbLimitNum;
+/* What names an entry of the MAC table. ulType chooses the fields that count; the others are
+   tested all the same, and read back as 0:
+     0, 8   MAC, outer VLAN, VSI              10  outer VLAN, VSI
+     1      low 28 bits of ulDip, low 20 of   11  outer VLAN and priority, VSI
+            ulSip, outer VLAN, VSI            12  both VLANs, mode, VSI
+     2      ulDip                             13  last four bytes of the MAC, session, outer VLAN,
+     3      ulDip, ulSip                          VSI
+     4, 7   ulDip, outer VLAN                 14  MAC, VSI
+     5, 9   both VLANs, VSI                   15  MAC, port, VSI: a user MAC
+     6      MAC */
+typedef struct NpArlKey {
+    uint32_t ulType;    /* 0 to 15 */
+    uint32_t ulSvlanID; /* outer VLAN, 0 to 4095 */
+    uint32_t ulCvlanID; /* inner VLAN, 0 to 4095 */
+    uint32_t ulSvlan1p; /* outer priority, 0 to 7 */
+    uint32_t ulCvlan1p; /* inner priority, 0 to 7; no type stores it */
+    uint32_t ulSip;
+    uint32_t ulDip;
+    uint32_t ulSessionID;   /* PPPoE, 0 to 0xffff */
+    NpPortID stPort;        /* type 15 only */
+    uint32_t ulVsi;         /* virtual switch instance, 0 to 0xf */
+    uint32_t ulScUnMode;    /* mode of type 12, 0 to 3 */
+    uint32_t ulAoeCtrlWord; /* 0 to 0xffff; no type stores it */
+    uint8_t aucMacAddr[6];
+} NpArlKey;
+
+/* Where an entry leads to; learning is charged to the limit counter of the operation. */
+typedef struct NpLearnData {
+    uint32_t ulOpCode; /* 0 to 7; 0 a flow, 2 a bundle of flows */
+    uint32_t ulIntfID; /* interface or flow, 0 to 0x1fff */
+} NpLearnData;
+
+typedef struct NpArlData {
+    NpLearnData stLearnData;
+    uint32_t ulPfEnable;  /* 0, 1 */
+    uint32_t ulClass;     /* 0 to 3; 1 low, 2 high */
+    uint32_t ulVmac;      /* 1: a virtual MAC */
+    uint32_t ulVmacID;    /* row of the user MAC table, 0 to 0xfff; of a virtual MAC only */
+    uint32_t ulMdiEnable; /* 0, 1; this and the next two: not of a virtual MAC */
+    uint32_t ulMdiID;     /* 0 to 3 */
+    uint32_t ulMcnID;     /* 0 to 3 */
+    uint32_t ulL3;        /* 0, 1 */
+    uint32_t ulIftID;     /* ingress flow, 0 to 0x3ff */
+} NpArlData;
+
+typedef struct NpArlInfo {
+    uint32_t ulMacType;  /* 0 static, 1 dynamic; read by index also 2: empty place */
+    uint32_t ulVas;      /* status: 0 empty, 15 static, else what ageing has left */
+    uint32_t ulKeyIndex; /* place in the table */
+} NpArlInfo;
+
+/* An entry for the microcode to learn. */
+typedef struct NpDynamicLrn {
+    NpArlKey stArlKey;
+    NpArlData stArlData;
+} NpDynamicLrn;
+
+typedef struct NpDynamicLrnState {
+    uint32_t ulDone;      /* 1: the microcode has answered */
+    uint32_t ulLrnResult; /* 0 to 7, its own codes; 0 learned */
+} NpDynamicLrnState;
+
+/* A user MAC entry: its key, and the virtual MAC that it must have. */
+typedef struct NpArlAgeModeKey {
+    NpPortID stPort;
+    uint8_t aucUmacAddr[6];
+    uint8_t aucVmacAddr[6];
+    uint32_t ulVsi; /* 0 to 0xf */
+} NpArlAgeModeKey;
+
+typedef struct NpUvmacInfoKey {
+    uint32_t ulType; /* 0: all of the port; 1: those that lead to stLearnData */
+    NpPortID stPort;
+    NpLearnData stLearnData;
+} NpUvmacInfoKey;
+
+/* A user MAC, the virtual MAC that stands for it, and where its entry leads to. */
+typedef struct NpUvmac {
+    uint8_t aucUmac[6];
+    uint8_t aucVmac[6];
+    uint32_t ulOpCode;
+    uint32_t ulIntfID;
+} NpUvmac;
+
+typedef struct NpUvmacInfoAd {
+    NpUvmac stUvmac;
+} NpUvmacInfoAd;
+
+typedef struct NpVmacOffset {
+    uint8_t ulVmacOffset[32];
+} NpVmacOffset;
+
+typedef struct NpLanMacKey {
+    uint32_t ulSvlanID; /* 0 to 4095 */
+    uint8_t aucMacAddr[6];
+} NpLanMacKey;
+
+typedef struct NpLanMacData {
+    uint32_t ulL2encId; /* encapsulation, that is, the LAN port; 0 to 0x1f */
+} NpLanMacData;
+
+/* As NpArlInfo. */
+typedef struct NpLanMacInfo {
+    uint32_t ulMacType;
+    uint32_t ulVas;
+    uint32_t ulKeyIndex;
+} NpLanMacInfo;
+
+typedef struct NpPortLimitNum {
+    uint16_t usLimitNum; /* 0 to 1024 */
+} NpPortLimitNum;
+
+typedef struct NpGlbLimitNum {
+    uint16_t usLimitNum; /* 0 to 1024 */
+} NpGlbLimitNum;
 
 /* The periodic sweep of dynamic entries. */
 typedef struct NpNormalAge {

@@ -9,13 +9,11 @@
 
 NP_EXTERN_C_BEGIN
 
-typedef struct NpPortPct NpPortPct;
 typedef struct NpPortGmtKey NpPortGmtKey;
 typedef struct NpPortGmtData NpPortGmtData;
 typedef struct NpPortGemportBitMapInfo NpPortGemportBitMapInfo;
 typedef struct NpPortGemportLoopQid NpPortGemportLoopQid;
 typedef struct NpPortTrunk NpPortTrunk;
-typedef struct NpPortVmacInfo NpPortVmacInfo;
 typedef struct NpPortVoipChannel NpPortVoipChannel;
 typedef struct NpPortCarProfile NpPortCarProfile;
 typedef struct NpPortToCpuPtypeCarInfo NpPortToCpuPtypeCarInfo;
@@ -24,6 +22,65 @@ typedef struct NpPortPvcEnc NpPortPvcEnc;
 typedef struct NpPortCesopKey NpPortCesopKey;
 typedef struct NpPortCesopData NpPortCesopData;
 typedef struct NpPortIpUdpEncapInfo NpPortIpUdpEncapInfo;
+
+typedef struct NpNativeVlan {
+    uint32_t ulPri;    /* 0 to 7 */
+    uint32_t ulCfi;    /* 0, 1 */
+    uint32_t ulVlanID; /* 0 to 4095 */
+} NpNativeVlan;
+
+/* What the microcode does with a port's packets before it knows more of them. */
+typedef struct NpPortPct {
+    uint32_t ulValid; /* 0, 1, as are all ..Enable, ulL2c, ulD2W, ulMpls, ulCas */
+    uint32_t ulBlockEnable;
+    uint32_t ulPctPortType;       /* 0 ether, 1 ptm, 2 gpon, 3 epon, 4 ch, 6 dsa, 7 higig, 8 ppp,
+                                     9 atm, 15 cesop, 16 voip, 17 prbs, 18 wap, 19 cpu */
+    uint32_t ulUserID;            /* 0 to 0x1ff; also the port's row of virtual MACs */
+    uint32_t ulMacFilter;         /* 0 to 3 */
+    uint32_t ulRole;              /* 0 to 3; 1 UNI, 2 NNI */
+    uint32_t ulProtocolTempletId; /* cut to 8 bits */
+    uint32_t ul1xEnable;
+    uint32_t ul3ahLoopEnable;
+    uint32_t ul3AhEnable;
+    uint32_t ul3AhCnID; /* 0 to 15 */
+    uint32_t ulMode;    /* 0 to 3; 0 hybrid, 1 trunk, 2 access */
+    uint32_t ulVlanSenseEnable;
+    uint32_t ulVlanCheckID; /* 0 to 7 */
+    uint32_t ulL2encIdx;    /* cut to 5 bits */
+    uint32_t ulL2c;
+    uint32_t ulHS; /* cut to 8 bits */
+    uint32_t ulD2W;
+    uint32_t ullrn;           /* 0, 1 */
+    uint32_t ulMacLimitFwd;   /* cut to 1 bit */
+    uint32_t ulMacLimitToCpu; /* cut to 1 bit */
+    uint32_t ulMpls;
+    uint32_t ulLmEnable;
+    uint32_t ulCarMode; /* 0 flow, 1 port and priority */
+    uint32_t ulCarEnable;
+    uint32_t ulCarID;      /* 0 to 0xff */
+    uint32_t ulCarProfile; /* 0 to 0xff */
+    uint32_t ulLagID;      /* 0 to 15 */
+    uint32_t ulDfxEnable;
+    uint32_t ulGmtMode; /* 0 to 15 */
+    uint32_t ulPvtMode; /* 0 off, 1 port, 2 port and VLAN, 3 flow */
+    uint32_t ulMirrorEnable;
+    uint32_t ulMirrorID; /* 0 to 15 */
+    uint32_t ulTlsEnable;
+    uint32_t ulPfeEnable;
+    uint32_t ulL3Enable;
+    uint32_t ulPtpID; /* this, stBondingPort and ulChid: not in the row */
+    NpNativeVlan stNativeVlan;
+    uint32_t ulCas;
+    NpPortID stBondingPort;
+    uint32_t ulChid;
+    uint32_t ulClass;  /* 0 to 3; 1 low, 2 high */
+    uint32_t ulSlotID; /* 0 to 7; not in the row */
+} NpPortPct;
+
+typedef struct NpPortVmacInfo {
+    uint32_t ulVmacBase;   /* first row of the user MAC table, 0 to 0xfff */
+    uint32_t ulVmacNumber; /* rows, 0 to 32 */
+} NpPortVmacInfo;
 
 /* Port configuration, the row of the port pstPortID. */
 NP_API uint32_t Np_PctTbl_Set(uint32_t ulChipID, const NpPortID *pstPortID,

@@ -10,7 +10,6 @@ NP_EXTERN_C_BEGIN
 typedef struct NpIpBonding NpIpBonding;
 typedef struct Np1xSmac Np1xSmac;
 typedef struct NpMacFilterKey NpMacFilterKey;
-typedef struct NpUvt NpUvt;
 typedef struct NpPortDos NpPortDos;
 typedef struct NpCmDos NpCmDos;
 
@@ -52,6 +51,16 @@ NP_API uint32_t Np_1xSmacBondingTbl_Del(uint32_t ulChipID, const Np1xSmac *pstSm
 NP_API uint32_t Np_MacFilter_Set(uint32_t ulChipID, const NpMacFilterKey *pstMacFilter);
 NP_API uint32_t Np_MacFilter_Get(uint32_t ulChipID, NpMacFilterKey *pstMacFilter);
 NP_API uint32_t Np_MacFilter_Del(uint32_t ulChipID, const NpMacFilterKey *pstMacFilter);
+
+/* A user MAC and the virtual MAC that stands for it. */
+typedef struct NpUvt {
+    uint32_t ulUmacUsed;   /* 0, 1: the user MAC has an entry of type 15 in the MAC table */
+    uint32_t ulVmacUsed;   /* 0, 1: the virtual MAC has an entry */
+    uint32_t ulUsed;       /* 0, 1 */
+    uint32_t ulStaticFlag; /* 0, 1: the pair was set by hand */
+    uint8_t aucVmac[6];
+    uint8_t aucUmac[6];
+} NpUvt;
 
 /* User MAC row: user and virtual MAC and their flags. ulIndex 0 to 511. */
 NP_API uint32_t Np_UvtTbl_Set(uint32_t ulChipID, uint32_t ulIndex, const NpUvt *pstUvt);

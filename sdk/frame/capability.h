@@ -145,12 +145,18 @@ inline constexpr uint32_t NP_CAP_NUM = 361;
     X(242, IP_UDP_ROWS, 0x20u, "IP-UDP tunnels") \
     X(244, CESOP_ROWS, 0x80u, "CESoP rows") \
     X(246, VOIP_CHANNEL_NUM, 0x200u, "VoIP channels") \
+    X(248, VLAN_CHECK_MAX, 7u, "highest VLAN check identifier") \
+    X(250, EFM_CN_MAX, 0xfu, "highest 3ah connection identifier") \
     X(252, GEMPORT_INDEX_MAX, 0xfu, "highest gemport index") \
     X(258, MIRROR_QID_MAX, 0xffu, "highest mirror group parameter") \
+    X(259, VMAC_BASE_MAX, 0xfffu, "highest first row of a virtual MAC range") \
+    X(260, VMAC_NUMBER_MAX, 0x20u, "most rows of a virtual MAC range") \
     X(261, QID_MAX, 0xffffu, "highest queue identifier") \
     X(262, PTYPE_CAR_MAX, 0xffu, "highest ptype car") \
     X(263, ARL_PARAM_MAX, 0xffffu, "highest 16-bit MAC data field") \
+    X(264, CAR_ID_MAX, 0xffu, "highest car identifier") \
     X(265, CESOP_KEY_MAX, 0xfffffu, "highest CESoP key") \
+    X(270, SLOT_ID_MAX, 7u, "highest slot of a port") \
     X(271, DSCP_MAP_ROWS, 8u, "DSCP map rows") \
     X(273, PCP_MAP_ROWS, 8u, "PCP map rows") \
     X(275, IP_MAP_ROWS, 8u, "IP map rows") \

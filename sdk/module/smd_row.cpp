@@ -114,7 +114,9 @@ void Np_ItemRange(const NpRow *pstRow, const NpField *pstField, NpSmdKeyItem *ps
     const NpCheck *pstCheck = Np_Row_FieldCheck(pstRow, pstField);
     if (pstCheck != nullptr) {
         pstItem->lMin = static_cast<int32_t>(pstCheck->stLimit.ulMin);
-        pstItem->lMax = static_cast<int32_t>(Np_Row_LimitMax(&pstCheck->stLimit));
+        pstItem->lMax = pstField->usShownMax != 0
+                            ? static_cast<int32_t>(pstField->usShownMax)
+                            : static_cast<int32_t>(Np_Row_LimitMax(&pstCheck->stLimit));
         return;
     }
     const uint32_t ulBits = pstField->bCut         ? pstField->ucWidth
@@ -343,6 +345,19 @@ void Np_ParamCondition(const NpRow *pstRow, const NpField *pstField, NpSmdParam 
         Handler##_Get, NP_FORM_GET, &(stTable),                            \
         nullptr,       nullptr,     Np_SMD_RowCall<Wrapper##_Get, Record>, \
         nullptr};
+#define NP_KEYED_ROW(stKey, Key, stRow, Record, Wrapper, Handler, enForm)         \
+    constexpr NpRowCommand g_stCommand_##Handler##_Set = {                        \
+        Handler##_Set,                                                            \
+        enForm,                                                                   \
+        nullptr,                                                                  \
+        &(stKey),                                                                 \
+        &(stRow),                                                                 \
+        Np_SMD_KeyedCall<Wrapper##_Get, Key, Record>,                             \
+        Np_SMD_KeyedCall<Wrapper##_Set, Key, const Record>};                      \
+    constexpr NpRowCommand g_stCommand_##Handler##_Get = {                        \
+        Handler##_Get, NP_FORM_GET, nullptr,                                      \
+        &(stKey),      &(stRow),    Np_SMD_KeyedCall<Wrapper##_Get, Key, Record>, \
+        nullptr};
 #define NP_COMMAND_ROW(Handler, enForm, pstKey, pstData)                               \
     constexpr NpRowCommand g_stCommand_##Handler = {Handler, enForm,  nullptr, pstKey, \
                                                     pstData, nullptr, nullptr};
@@ -350,6 +365,8 @@ void Np_ParamCondition(const NpRow *pstRow, const NpField *pstField, NpSmdParam 
 
 constexpr const NpRowCommand *g_apstCommand[] = {
 #define NP_TABLE_ROW(stTable, Record, Wrapper, Handler, enForm) \
+    &g_stCommand_##Handler##_Set, &g_stCommand_##Handler##_Get,
+#define NP_KEYED_ROW(stKey, Key, stRow, Record, Wrapper, Handler, enForm) \
     &g_stCommand_##Handler##_Set, &g_stCommand_##Handler##_Get,
 #define NP_COMMAND_ROW(Handler, enForm, pstKey, pstData) &g_stCommand_##Handler,
 #include "sdk/record/list.h"
@@ -566,13 +583,15 @@ uint32_t Np_SMD_CommandParam(NpCliHandler pfnHandler, uint32_t ulIndex, NpSmdPar
     return ulReturn;
 }
 
-#define NP_TABLE_ROW(stTable, Record, Wrapper, Handler, enForm) \
-    uint32_t Handler##_Set(void)                                \
-    {                                                           \
-        return Np_SMD_RowSet(&g_stCommand_##Handler##_Set);     \
-    }                                                           \
-    uint32_t Handler##_Get(void)                                \
-    {                                                           \
-        return Np_SMD_RowGet(&g_stCommand_##Handler##_Get);     \
+#define NP_ROW_HANDLERS(Handler)                            \
+    uint32_t Handler##_Set(void)                            \
+    {                                                       \
+        return Np_SMD_RowSet(&g_stCommand_##Handler##_Set); \
+    }                                                       \
+    uint32_t Handler##_Get(void)                            \
+    {                                                       \
+        return Np_SMD_RowGet(&g_stCommand_##Handler##_Get); \
     }
+#define NP_TABLE_ROW(stTable, Record, Wrapper, Handler, enForm) NP_ROW_HANDLERS(Handler)
+#define NP_KEYED_ROW(stKey, Key, stRow, Record, Wrapper, Handler, enForm) NP_ROW_HANDLERS(Handler)
 #include "sdk/record/list.h"

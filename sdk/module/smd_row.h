@@ -48,3 +48,11 @@ uint32_t Np_SMD_RowCall(uint32_t ulChipID, const void *pvKey,
         return pfnCall(ulChipID, pulKey[0], pulKey[1], pstData);
     }
 }
+
+// The same for one that a key record selects.
+template <auto pfnCall, typename Key, typename Record>
+uint32_t Np_SMD_KeyedCall(uint32_t ulChipID, const void *pvKey,
+                          std::conditional_t<std::is_const_v<Record>, const void, void> *pvData)
+{
+    return pfnCall(ulChipID, static_cast<const Key *>(pvKey), static_cast<Record *>(pvData));
+}

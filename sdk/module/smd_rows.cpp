@@ -60,6 +60,15 @@ constexpr NpField g_astField[] = {
 };
 }  // namespace micro_load
 
+namespace cache {
+struct R {
+    uint32_t ulSmemID;
+};
+constexpr NpField g_astField[] = {NP_F(ulSmemID, .pszKey = "smem_id")};
+constexpr NpCheck g_astEmlCheck[] = {NP_C(ulSmemID, Np_BelowCap(NP_CAP_SMEM_NUM))};
+constexpr NpCheck g_astCpuCheck[] = {NP_C(ulSmemID, Np_Most(1))};
+}  // namespace cache
+
 }  // namespace
 
 constexpr NpRow g_stChipArgs =
@@ -72,3 +81,7 @@ constexpr NpRow g_stFuncPrintArgs = Np_RowMake<func_print::R>(
     {.ucModule = NP_M_COMM}, func_print::g_astField, func_print::g_astCheck);
 constexpr NpRow g_stMicroLoadArgs =
     Np_RowMake<micro_load::R>({.ucModule = NP_M_COMM}, micro_load::g_astField, {});
+constexpr NpRow g_stEmlCacheArgs =
+    Np_RowMake<cache::R>({.ucModule = NP_M_COMM}, cache::g_astField, cache::g_astEmlCheck);
+constexpr NpRow g_stCpuCacheArgs =
+    Np_RowMake<cache::R>({.ucModule = NP_M_COMM}, cache::g_astField, cache::g_astCpuCheck);

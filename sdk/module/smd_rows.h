@@ -8,3 +8,5 @@ extern const NpRow g_stPromptArgs;
 extern const NpRow g_stPrintArgs;
 extern const NpRow g_stFuncPrintArgs;
 extern const NpRow g_stMicroLoadArgs;
+extern const NpRow g_stEmlCacheArgs;
+extern const NpRow g_stCpuCacheArgs;

@@ -4,9 +4,11 @@
 #include "platform/os.h"
 #include "sdk/access/bus.h"
 #include "sdk/frame/registry.h"
+#include "sdk/lookup/eml.h"
 #include "sdk/module/cli.h"
 #include "sdk/module/smd.h"
 #include "sdk/module/tree.h"
+#include "sdk/record/record.h"
 
 constinit uint32_t g_ulNpCurrentChipID = 0;
 constinit uint32_t g_ulNpPubPrompt = 1;
@@ -147,6 +149,36 @@ uint32_t Np_SMD_DFX_System_Destruct(void)
         return 1;
     }
     return Np_SMD_Report(Np_INIT_SdkDestruct(g_ulNpCurrentChipID));
+}
+
+namespace {
+
+// Refreshes a cache of the search memory unit that the line names.
+uint32_t Np_CacheClear(uint32_t ulLast, uint32_t (*pfnRefresh)(uint32_t, uint32_t))
+{
+    uint32_t ulSmemID = 0;
+    if (Np_SMD_Com_ValueParamGet("smem_id", 0, static_cast<int32_t>(ulLast), &ulSmemID) != 0 ||
+        Np_SMD_EndCheck() != 0) {
+        return 1;
+    }
+    uint32_t ulReturn = Np_GLB_ChipIDIsValid(g_ulNpCurrentChipID);
+    if (ulReturn == NP_OK) {
+        ulReturn = pfnRefresh(g_ulNpCurrentChipID, ulSmemID);
+    }
+    return Np_SMD_Report(ulReturn);
+}
+
+}  // namespace
+
+uint32_t Np_SMD_DFX_Eml_CacheClear(void)
+{
+    constexpr NpLimit stUnits = {NP_BOUND_BELOW_CAP, NP_SAY_PARAM, 0, NP_CAP_SMEM_NUM};
+    return Np_CacheClear(Np_Row_LimitMax(&stUnits), Np_Tarn_EML_SmemEmlCacheRefresh);
+}
+
+uint32_t Np_SMD_DFX_Cpu_CacheClear(void)
+{
+    return Np_CacheClear(1, Np_Tarn_EML_SmemWriteReadCacheRefresh);
 }
 
 uint32_t Np_PUB_SMD_MicroPathClear(void)

@@ -57,8 +57,9 @@ struct NpFieldSpec {
     bool bCut = false;   // stored by fewer bits than its limit needs, or unchecked and narrower
     bool bLost = false;  // not stored at all
     bool bHidden = false;
-    uint16_t usFirst = 0;  // array: first element described here,
-    uint16_t usCount = 0;  // and their number; 0: all
+    uint16_t usFirst = 0;     // array: first element described here,
+    uint16_t usCount = 0;     // and their number; 0: all
+    uint16_t usShownMax = 0;  // highest value that the prompt tells; 0: that of the check
 };
 
 struct NpCheckSpec {
@@ -175,6 +176,7 @@ constexpr NpField Np_FieldMake(const char *pszName, size_t ulOffset, size_t ulSi
     stField.bCut = stSpec.bCut;
     stField.bLost = stSpec.bLost;
     stField.bHidden = stSpec.bHidden || stSpec.ucFrom != 0;
+    stField.usShownMax = stSpec.usShownMax;
     stField.ucType = stSpec.ucType;
     if (stField.ucType == 0) {
         stField.ucType = bRecord                     ? NP_SMD_PORT

@@ -117,11 +117,12 @@ struct NpField {
     uint8_t ucFrom;     // lowest bit of the value that stands here
     uint8_t ucType;     // NpSmdType
     uint8_t ucWordNum;
-    uint8_t ucMove;  // NpMove
-    bool bWhole;     // one parameter for the whole array, such as a MAC address
-    bool bCut;       // values may be wider than what is stored
-    bool bLost;      // has no place in the image
-    bool bHidden;    // no parameter of the command line
+    uint8_t ucMove;       // NpMove
+    uint16_t usShownMax;  // highest value that prompts tell, if not the check's; 0: the check's
+    bool bWhole;          // one parameter for the whole array, such as a MAC address
+    bool bCut;            // values may be wider than what is stored
+    bool bLost;           // has no place in the image
+    bool bHidden;         // no parameter of the command line
 };
 
 struct NpRow;

@@ -16,6 +16,15 @@ std::vector<NpSmdParam> params_of(NpCliHandler handler)
     std::vector<NpSmdParam> params;
     NpSmdParam param;
     for (uint32_t i = 0; Np_SMD_CommandParam(handler, i, &param) == 0; i++) {
+        // One that stands in several places, by what it depends on, is one to the reader.
+        const auto same = std::find_if(params.begin(), params.end(), [&](const NpSmdParam &other) {
+            return param.pszOf != nullptr && other.pszOf == param.pszOf &&
+                   std::string(other.stItem.szName) == param.stItem.szName;
+        });
+        if (same != params.end()) {
+            same->ulOfMask |= param.ulOfMask;
+            continue;
+        }
         params.push_back(param);
     }
     return params;
@@ -66,25 +75,31 @@ std::string values_of(const NpSmdParam &param)
     }
 }
 
+const NpSmdParam *selector_of(const NpSmdParam &param, const std::vector<NpSmdParam> &params)
+{
+    for (const NpSmdParam &other : params) {
+        if (param.pszOf != nullptr && std::string(other.stItem.szName) == param.pszOf) {
+            return &other;
+        }
+    }
+    return nullptr;
+}
+
 // When a parameter is asked for, by the words of the one that it depends on.
 std::string when_of(const NpSmdParam &param, const std::vector<NpSmdParam> &params)
 {
-    if (param.bKey != 0) {
-        return "key";
+    const NpSmdParam *selector = selector_of(param, params);
+    if (selector == nullptr) {
+        return param.bKey != 0 ? "key" : "";
     }
-    if (param.pszOf == nullptr) {
-        return "";
-    }
-    std::string text = std::string("behind `") + param.pszOf + "`";
-    const auto selector = std::find_if(params.begin(), params.end(), [&](const NpSmdParam &other) {
-        return std::string(other.stItem.szName) == param.pszOf;
-    });
+    std::string text =
+        std::string(param.bKey != 0 ? "key, with `" : "behind `") + param.pszOf + "`";
     for (uint32_t value = 0; value < 32; value++) {
         if ((param.ulOfMask >> value & 1) == 0) {
             continue;
         }
         std::string word = std::to_string(value);
-        for (uint32_t i = 0; selector != params.end() && i < selector->ulEnumNum; i++) {
+        for (uint32_t i = 0; i < selector->ulEnumNum; i++) {
             if (selector->pstEnum[i].ulValue == value) {
                 word = selector->pstEnum[i].pszText;
             }
@@ -118,6 +133,12 @@ std::string example_value(const NpSmdParam &param)
     }
 }
 
+// The value that an example gives a parameter which lets others in.
+uint32_t example_choice(const NpSmdParam &selector)
+{
+    return selector.ulEnumNum != 0 ? selector.pstEnum[0].ulValue : 0;
+}
+
 // A line that runs: the keys, the first parameter behind them, and what its value lets in.
 std::string example_of(const std::string &path, NpSmdForm form,
                        const std::vector<NpSmdParam> &params)
@@ -125,18 +146,29 @@ std::string example_of(const std::string &path, NpSmdForm form,
     std::string line = path;
     const bool named = form != NP_FORM_VALUES;
     const bool all = form == NP_FORM_PAIRS || form == NP_FORM_VALUES;
+    const auto add = [&](const NpSmdParam &param) {
+        const bool selects = std::any_of(
+            params.begin(), params.end(),
+            [&](const NpSmdParam &other) { return selector_of(other, params) == &param; });
+        const std::string value = selects && param.ulEnumNum == 0
+                                      ? std::to_string(example_choice(param))
+                                      : example_value(param);
+        line += (named ? std::string(" ") + param.stItem.szName : "") + " " + value;
+    };
+    const auto let_in = [&](const NpSmdParam &param) {
+        const NpSmdParam *selector = selector_of(param, params);
+        return selector == nullptr || (param.ulOfMask >> example_choice(*selector) & 1) != 0;
+    };
     size_t shown = 0;
-    for (size_t i = 0; i < params.size(); i++) {
-        const NpSmdParam &param = params[i];
-        if (param.pszOf != nullptr || (!all && param.bKey == 0 && shown++ > 0)) {
+    for (const NpSmdParam &param : params) {
+        const bool in_order = all || param.bKey != 0;
+        if (!let_in(param) || (!in_order && (param.pszOf != nullptr || shown++ > 0))) {
             continue;
         }
-        line += (named ? std::string(" ") + param.stItem.szName : "") + " " + example_value(param);
+        add(param);
         for (const NpSmdParam &other : params) {
-            if (other.pszOf != nullptr && std::string(other.pszOf) == param.stItem.szName &&
-                (other.ulOfMask >> (param.ulEnumNum != 0 ? param.pstEnum[0].ulValue : 1) & 1) !=
-                    0) {
-                line += std::string(" ") + other.stItem.szName + " " + example_value(other);
+            if (!in_order && selector_of(other, params) == &param && let_in(other)) {
+                add(other);
             }
         }
     }

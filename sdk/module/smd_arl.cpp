@@ -1,0 +1,458 @@
+// Commands of the MAC family. The table's commands and the LAN table's are the same but for their
+// records.
+#include "sdk/module/smd_arl.h"
+
+#include "ldsdk/secu.h"
+#include "ldsdk/status.h"
+#include "platform/os.h"
+#include "sdk/cpuchan/message.h"
+#include "sdk/frame/registry.h"
+#include "sdk/frame/trace.h"
+#include "sdk/module/smd.h"
+#include "sdk/module/smd_row.h"
+#include "sdk/module/tree.h"
+#include "sdk/record/describe.h"
+#include "sdk/tables/secu.h"
+
+namespace {
+
+inline constexpr uint32_t NP_BURST_MAX = 24;   // more requests than a line has room for
+inline constexpr uint32_t NP_UVMAC_ROOM = 32;  // records of a query
+
+namespace info {
+using R = NpArlInfo;
+constexpr auto g_astTypeWords = Np_Words("static", "dynamic", "none");
+constexpr NpField g_astField[] = {
+    NP_F(ulMacType, .stWords = g_astTypeWords),
+    NP_F(ulVas),
+    NP_F(ulKeyIndex),
+};
+}  // namespace info
+
+namespace uvmac {
+using R = NpUvmac;
+constexpr NpField g_astField[] = {
+    NP_F(aucUmac, .ucType = NP_SMD_MAC),
+    NP_F(aucVmac, .ucType = NP_SMD_MAC),
+    NP_F(ulOpCode),
+    NP_F(ulIntfID),
+};
+}  // namespace uvmac
+
+namespace normal_para {
+using R = ArlAgeInfo;
+constexpr NpField g_astField[] = {
+    NP_F(ageclass), NP_F(basetime),  NP_F(startsessionid), NP_F(endsessionid),
+    NP_F(number),   NP_F(threshold), NP_F(interval),       NP_F(ack),
+};
+constexpr NpCheck g_astCheck[] = {
+    NP_C(ageclass, Np_Range(1, 14)),       NP_C(basetime, Np_Range(1, INT32_MAX)),
+    NP_C(startsessionid, Np_Most(0xffff)), NP_C(endsessionid, Np_Most(0xffff)),
+    NP_C(number, Np_Most(0xffff)),         NP_C(threshold, Np_Most(INT32_MAX)),
+    NP_C(interval, Np_Most(0xff)),         NP_C(ack, Np_Most(1)),
+};
+}  // namespace normal_para
+
+namespace force_para {
+using R = ArlAgeInfo;
+constexpr NpField g_astField[] = {
+    NP_F(startsessionid), NP_F(endsessionid), NP_F(number), NP_F(interval), NP_F(ack),
+};
+constexpr NpCheck g_astCheck[] = {
+    NP_C(startsessionid, Np_Most(0xffff)),
+    NP_C(endsessionid, Np_Most(0xffff)),
+    NP_C(number, Np_Most(0xffff)),
+    NP_C(interval, Np_Most(0xff)),
+    NP_C(ack, Np_Most(1)),
+};
+}  // namespace force_para
+
+// The exported functions of one of the two tables, on plain memory.
+struct NpMacApi {
+    const NpRow *pstKey;
+    const NpRow *pstData;
+    const NpRow *pstIndex;
+    uint32_t (*pfnAdd)(uint32_t ulChipID, const void *pvKey, const void *pvData);
+    uint32_t (*pfnGet)(uint32_t ulChipID, const void *pvKey, void *pvData, NpArlInfo *pstInfo);
+    uint32_t (*pfnGetByIndex)(uint32_t ulChipID, uint32_t ulIndex, void *pvKey, void *pvData,
+                              NpArlInfo *pstInfo);
+    uint32_t (*pfnDel)(uint32_t ulChipID, uint32_t ulMacDelType, const void *pvKey);
+    uint32_t (*pfnDelByIndex)(uint32_t ulChipID, uint32_t ulIndex);
+};
+
+template <typename Key, typename Data, typename Info, auto pfnAdd, auto pfnGet, auto pfnGetByIndex,
+          auto pfnDel>
+struct NpMacCalls {
+    static uint32_t Add(uint32_t ulChipID, const void *pvKey, const void *pvData)
+    {
+        return pfnAdd(ulChipID, static_cast<const Key *>(pvKey), static_cast<const Data *>(pvData));
+    }
+    static uint32_t Get(uint32_t ulChipID, const void *pvKey, void *pvData, NpArlInfo *pstInfo)
+    {
+        Info stInfo = {};
+        const uint32_t ulReturn =
+            pfnGet(ulChipID, static_cast<const Key *>(pvKey), static_cast<Data *>(pvData), &stInfo);
+        *pstInfo = {stInfo.ulMacType, stInfo.ulVas, stInfo.ulKeyIndex};
+        return ulReturn;
+    }
+    static uint32_t GetByIndex(uint32_t ulChipID, uint32_t ulIndex, void *pvKey, void *pvData,
+                               NpArlInfo *pstInfo)
+    {
+        Info stInfo = {};
+        const uint32_t ulReturn = pfnGetByIndex(ulChipID, ulIndex, static_cast<Key *>(pvKey),
+                                                static_cast<Data *>(pvData), &stInfo);
+        *pstInfo = {stInfo.ulMacType, stInfo.ulVas, stInfo.ulKeyIndex};
+        return ulReturn;
+    }
+    static uint32_t Del(uint32_t ulChipID, uint32_t ulMacDelType, const void *pvKey)
+    {
+        return pfnDel(ulChipID, ulMacDelType, static_cast<const Key *>(pvKey));
+    }
+};
+using NpArlCalls = NpMacCalls<NpArlKey, NpArlData, NpArlInfo, Np_ArlTbl_Add, Np_ArlTbl_Get,
+                              Np_ArlTbl_GetByIndex, Np_ArlTbl_Del>;
+using NpLanMacCalls = NpMacCalls<NpLanMacKey, NpLanMacData, NpLanMacInfo, Np_LanMacTbl_Add,
+                                 Np_LanMacTbl_Get, Np_LanMacTbl_GetByIndex, Np_LanMacTbl_Del>;
+
+constexpr NpMacApi g_stArlApi = {&g_stArlKeyRow,  &g_stArlDataRow,     &g_stArlIndexArgs,
+                                 NpArlCalls::Add, NpArlCalls::Get,     NpArlCalls::GetByIndex,
+                                 NpArlCalls::Del, Np_ArlTbl_DelByIndex};
+constexpr NpMacApi g_stLanMacApi = {
+    &g_stLanMacKeyRow,  &g_stLanMacDataRow,        &g_stLanMacIndexArgs, NpLanMacCalls::Add,
+    NpLanMacCalls::Get, NpLanMacCalls::GetByIndex, NpLanMacCalls::Del,   Np_LanMacTbl_DelByIndex};
+
+// Room for the records of either table.
+struct NpMacEntry {
+    NpArlKey stKey;
+    NpArlData stData;
+    NpArlInfo stInfo;
+};
+static_assert(sizeof(NpLanMacKey) <= sizeof(NpArlKey) && sizeof(NpLanMacData) <= sizeof(NpArlData));
+
+// Reads all the words of a row and nothing behind them.
+uint32_t Np_ArgsScan(const NpRow *pstRow, void *pvRecord)
+{
+    return Np_SMD_RowScan(pstRow, pvRecord, true) != 0 || Np_SMD_EndCheck() != 0 ? 1 : 0;
+}
+
+void Np_EntryPrint(const NpMacApi &stApi, const NpMacEntry &stEntry, bool bWithKey)
+{
+    Np_SMD_SeparatorPrint();
+    Np_SMD_RowPrint(&g_stArlInfoRow, &stEntry.stInfo);
+    if (bWithKey) {
+        Np_SMD_RowPrint(stApi.pstKey, &stEntry.stKey);
+    }
+    Np_SMD_RowPrint(stApi.pstData, &stEntry.stData);
+    Np_SMD_SeparatorPrint();
+}
+
+// What no pair names keeps the value that the entry has now, if there is one.
+uint32_t Np_MacAdd(const NpMacApi &stApi)
+{
+    NpMacEntry stEntry = {};
+    if (Np_SMD_RowScan(stApi.pstKey, &stEntry.stKey, true) != 0) {
+        return 1;
+    }
+    const uint32_t ulReturn =
+        stApi.pfnGet(g_ulNpCurrentChipID, &stEntry.stKey, &stEntry.stData, &stEntry.stInfo);
+    if (ulReturn != NP_OK && ulReturn != NP_ERR_NOT_EXIST) {
+        return Np_SMD_Report(ulReturn);
+    }
+    if (Np_SMD_RowScan(stApi.pstData, &stEntry.stData, false) != 0 || Np_SMD_EndCheck() != 0) {
+        return 1;
+    }
+    return Np_SMD_Report(stApi.pfnAdd(g_ulNpCurrentChipID, &stEntry.stKey, &stEntry.stData));
+}
+
+uint32_t Np_MacGet(const NpMacApi &stApi)
+{
+    NpMacEntry stEntry = {};
+    if (Np_ArgsScan(stApi.pstKey, &stEntry.stKey) != 0) {
+        return 1;
+    }
+    const uint32_t ulReturn =
+        stApi.pfnGet(g_ulNpCurrentChipID, &stEntry.stKey, &stEntry.stData, &stEntry.stInfo);
+    if (ulReturn == NP_OK) {
+        Np_EntryPrint(stApi, stEntry, false);
+    }
+    return Np_SMD_Report(ulReturn);
+}
+
+uint32_t Np_MacGetByIndex(const NpMacApi &stApi)
+{
+    uint32_t ulIndex = 0;
+    if (Np_ArgsScan(stApi.pstIndex, &ulIndex) != 0) {
+        return 1;
+    }
+    NpMacEntry stEntry = {};
+    const uint32_t ulReturn = stApi.pfnGetByIndex(g_ulNpCurrentChipID, ulIndex, &stEntry.stKey,
+                                                  &stEntry.stData, &stEntry.stInfo);
+    if (ulReturn == NP_OK) {
+        Np_EntryPrint(stApi, stEntry, true);
+    }
+    return Np_SMD_Report(ulReturn);
+}
+
+uint32_t Np_MacDel(const NpMacApi &stApi)
+{
+    uint32_t ulMacDelType = 0;
+    NpMacEntry stEntry = {};
+    if (Np_SMD_RowScan(&g_stMacDelTypeArgs, &ulMacDelType, true) != 0 ||
+        Np_ArgsScan(stApi.pstKey, &stEntry.stKey) != 0) {
+        return 1;
+    }
+    return Np_SMD_Report(stApi.pfnDel(g_ulNpCurrentChipID, ulMacDelType, &stEntry.stKey));
+}
+
+uint32_t Np_MacDelByIndex(const NpMacApi &stApi)
+{
+    uint32_t ulIndex = 0;
+    if (Np_ArgsScan(stApi.pstIndex, &ulIndex) != 0) {
+        return 1;
+    }
+    return Np_SMD_Report(stApi.pfnDelByIndex(g_ulNpCurrentChipID, ulIndex));
+}
+
+}  // namespace
+
+constexpr NpRow g_stArlInfoRow =
+    Np_RowMake<NpArlInfo>({.ucModule = NP_M_ARL}, info::g_astField, {});
+constexpr NpRow g_stUvmacRow = Np_RowMake<NpUvmac>({.ucModule = NP_M_ARL}, uvmac::g_astField, {});
+constexpr NpRow g_stNormalAgeParaArgs =
+    Np_RowMake<ArlAgeInfo>({.ucModule = NP_M_ARL, .pszArg = "pstArlAgeInfo"},
+                           normal_para::g_astField, normal_para::g_astCheck);
+constexpr NpRow g_stForceAgeParaArgs =
+    Np_RowMake<ArlAgeInfo>({.ucModule = NP_M_ARL, .pszArg = "pstArlAgeInfo"},
+                           force_para::g_astField, force_para::g_astCheck);
+
+uint32_t Np_SMD_ARL_ArlTbl_Add(void)
+{
+    return Np_MacAdd(g_stArlApi);
+}
+
+uint32_t Np_SMD_ARL_ArlTbl_Get(void)
+{
+    return Np_MacGet(g_stArlApi);
+}
+
+uint32_t Np_SMD_ARL_ArlTbl_GetByIndex(void)
+{
+    return Np_MacGetByIndex(g_stArlApi);
+}
+
+uint32_t Np_SMD_ARL_ArlTbl_Del(void)
+{
+    return Np_MacDel(g_stArlApi);
+}
+
+uint32_t Np_SMD_ARL_ArlTbl_DelByIndex(void)
+{
+    return Np_MacDelByIndex(g_stArlApi);
+}
+
+uint32_t Np_SMD_ARL_LanMacTbl_Add(void)
+{
+    return Np_MacAdd(g_stLanMacApi);
+}
+
+uint32_t Np_SMD_ARL_LanMacTbl_Get(void)
+{
+    return Np_MacGet(g_stLanMacApi);
+}
+
+uint32_t Np_SMD_ARL_LanMacTbl_GetByIndex(void)
+{
+    return Np_MacGetByIndex(g_stLanMacApi);
+}
+
+uint32_t Np_SMD_ARL_LanMacTbl_Del(void)
+{
+    return Np_MacDel(g_stLanMacApi);
+}
+
+uint32_t Np_SMD_ARL_LanMacTbl_DelByIndex(void)
+{
+    return Np_MacDelByIndex(g_stLanMacApi);
+}
+
+uint32_t Np_SMD_ARL_HashCrash_Record_Read(void)
+{
+    if (Np_SMD_EndCheck() != 0) {
+        return 1;
+    }
+    NpMacEntry stEntry = {};
+    const uint32_t ulReturn = Np_ArlTbl_HashCrashRecord_Read(g_ulNpCurrentChipID, &stEntry.stKey,
+                                                             &stEntry.stData, &stEntry.stInfo);
+    if (ulReturn == NP_OK) {
+        Np_EntryPrint(g_stArlApi, stEntry, true);
+    }
+    return Np_SMD_Report(ulReturn);
+}
+
+// ---- learning -----------------------------------------------------------------------------------
+
+uint32_t Np_SMD_ARL_DynamicArlLrn(void)
+{
+    NpDynamicLrn stLearn = {};
+    if (Np_SMD_RowScan(&g_stArlKeyRow, &stLearn.stArlKey, true) != 0 ||
+        Np_SMD_RowScan(&g_stArlDataRow, &stLearn.stArlData, false) != 0 || Np_SMD_EndCheck() != 0) {
+        return 1;
+    }
+    return Np_SMD_Report(Np_ArlTbl_DynamicArlLrn(g_ulNpCurrentChipID, &stLearn));
+}
+
+uint32_t Np_SMD_ARL_DynamicArlLrnStateGet(void)
+{
+    static constexpr NpRowCommand stCommand = {
+        Np_SMD_ARL_DynamicArlLrnStateGet,
+        NP_FORM_GET,
+        &g_stLearnStateTable,
+        nullptr,
+        nullptr,
+        Np_SMD_RowCall<Np_ArlTbl_DynamicArlLrnStateTbl_Get, NpDynamicLrnState>,
+        nullptr};
+    return Np_SMD_RowGet(&stCommand);
+}
+
+uint32_t Np_SMD_ARL_DynamicArlLrnStateClear(void)
+{
+    uint32_t ulIndex = 0;
+    if (Np_ArgsScan(&g_stLearnStateArgs, &ulIndex) != 0) {
+        return 1;
+    }
+    return Np_SMD_Report(Np_ArlTbl_DynamicArlLrnStateTbl_Clear(g_ulNpCurrentChipID, ulIndex));
+}
+
+// ---- ageing -------------------------------------------------------------------------------------
+
+uint32_t Np_SMD_ARL_ArlTbl_NormalAge(void)
+{
+    NpNormalAge stAge = {};
+    if (Np_ArgsScan(&g_stNormalAgeRow, &stAge) != 0) {
+        return 1;
+    }
+    return Np_SMD_Report(Np_ArlTbl_NormalAge(g_ulNpCurrentChipID, &stAge));
+}
+
+uint32_t Np_SMD_ARL_ArlTbl_ForceAge(void)
+{
+    NpForceAge stAge = {};
+    if (Np_ArgsScan(&g_stForceAgeRow, &stAge) != 0) {
+        return 1;
+    }
+    return Np_SMD_Report(Np_ArlTbl_ForceAge(g_ulNpCurrentChipID, &stAge));
+}
+
+// Requests one behind the other up to the line's end. All are tested before the first is sent.
+uint32_t Np_SMD_ARL_ArlTbl_ForceAgeBurst(void)
+{
+    NpForceAge astAge[NP_BURST_MAX];
+    uint32_t ulNum = 0;
+    do {
+        if (Np_SMD_RowScan(&g_stForceAgeRow, &astAge[ulNum], true) != 0) {
+            return 1;
+        }
+        ulNum++;
+    } while (ulNum < NP_BURST_MAX && CLI_CamIsNoParam() != 0);
+    if (Np_SMD_EndCheck() != 0) {
+        return 1;
+    }
+    uint32_t ulReturn = Np_GLB_ChipIDIsValid(g_ulNpCurrentChipID);
+    for (uint32_t i = 0; i < ulNum && ulReturn == NP_OK; i++) {
+        ulReturn = Np_Tarn_Arl_ForceAgeInfoCheck(g_ulNpCurrentChipID, &astAge[i]);
+    }
+    for (uint32_t i = 0; i < ulNum && ulReturn == NP_OK; i++) {
+        ulReturn = Np_ArlTbl_ForceAge(g_ulNpCurrentChipID, &astAge[i]);
+    }
+    return Np_SMD_Report(ulReturn);
+}
+
+namespace {
+
+// An age request whose message is changed by hand before it goes out: the request's own pairs, then
+// those of the message.
+template <typename Request, auto pfnCheck, auto pfnBuild, auto pfnSet>
+uint32_t Np_AgePara(const NpRow *pstRequest, const NpRow *pstPara)
+{
+    Request stAge = {};
+    if (Np_SMD_RowScan(pstRequest, &stAge, true) != 0) {
+        return 1;
+    }
+    uint32_t ulReturn = Np_GLB_ChipIDIsValid(g_ulNpCurrentChipID);
+    if (ulReturn == NP_OK) {
+        ulReturn = pfnCheck(g_ulNpCurrentChipID, &stAge);
+    }
+    ArlAgeInfo stInfo;
+    if (ulReturn == NP_OK) {
+        ulReturn = pfnBuild(g_ulNpCurrentChipID, &stAge, &stInfo);
+    }
+    if (ulReturn != NP_OK) {
+        return Np_SMD_Report(ulReturn);
+    }
+    if (Np_SMD_RowScan(pstPara, &stInfo, false) != 0 || Np_SMD_EndCheck() != 0) {
+        return 1;
+    }
+    ulReturn = Np_Row_Check(pstPara, g_ulNpCurrentChipID, &stInfo);
+    if (ulReturn == NP_OK) {
+        ulReturn = pfnSet(g_ulNpCurrentChipID, &stInfo);
+    }
+    return Np_SMD_Report(ulReturn);
+}
+
+}  // namespace
+
+uint32_t Np_SMD_ARL_ArlTbl_NormalAge_Para(void)
+{
+    return Np_AgePara<NpNormalAge, Np_Tarn_Arl_NormalAgeInfoCheck,
+                      Np_Tarn_CputrMsg_NormalAgeInfoBuild, Np_Tarn_CputrMsg_NormalAgeInfoSet>(
+        &g_stNormalAgeRow, &g_stNormalAgeParaArgs);
+}
+
+uint32_t Np_SMD_ARL_ArlTbl_ForceAge_Para(void)
+{
+    return Np_AgePara<NpForceAge, Np_Tarn_Arl_ForceAgeInfoCheck, Np_Tarn_CputrMsg_ForceAgeInfoBuild,
+                      Np_Tarn_CputrMsg_ForceAgeInfoSet>(&g_stForceAgeRow, &g_stForceAgeParaArgs);
+}
+
+// ---- user MACs ----------------------------------------------------------------------------------
+
+uint32_t Np_SMD_ARL_ArlTbl_AgeMode_Set(void)
+{
+    NpArlAgeModeKey stKey = {};
+    uint32_t ulAgeMode = 0;
+    if (Np_SMD_RowScan(&g_stArlAgeModeKeyRow, &stKey, true) != 0 ||
+        Np_ArgsScan(&g_stAgeModeArgs, &ulAgeMode) != 0) {
+        return 1;
+    }
+    return Np_SMD_Report(Np_ArlTbl_AgeModeSet(g_ulNpCurrentChipID, &stKey, ulAgeMode));
+}
+
+uint32_t Np_SMD_ARL_UVMacInfo_Get(void)
+{
+    NpUvmacInfoKey stKey = {};
+    if (Np_ArgsScan(&g_stUvmacInfoKeyRow, &stKey) != 0) {
+        return 1;
+    }
+    NpUvmacInfoAd astAd[NP_UVMAC_ROOM] = {};
+    uint32_t ulNum = 0;
+    const uint32_t ulReturn = Np_UVMacInfo_Get(g_ulNpCurrentChipID, &stKey, &ulNum, astAd);
+    if (ulReturn != NP_OK) {
+        return Np_SMD_Report(ulReturn);
+    }
+    Np_SMD_SeparatorPrint();
+    for (uint32_t i = 0; i < ulNum; i++) {
+        Np_SMD_RowPrint(&g_stUvmacRow, &astAd[i].stUvmac);
+        Np_SMD_SeparatorPrint();
+    }
+    Os_Print("\r\n %10s : %5u", "total", ulNum);
+    return Np_SMD_Report(NP_OK);
+}
+
+uint32_t Np_SMD_UvtTblStaticFlag_Set(void)
+{
+    uint32_t aulArg[2] = {};
+    if (Np_ArgsScan(&g_stUvtStaticArgs, aulArg) != 0) {
+        return 1;
+    }
+    return Np_SMD_Report(Np_UvtTblStaticFlag_Set(g_ulNpCurrentChipID, aulArg[0], aulArg[1]));
+}
