@@ -20,10 +20,12 @@ struct NpSmdParam {
     NpSmdKeyItem stItem;          // name, type, range as unsigned numbers, number in the menu
     const NpSmdKeyEnum *pstEnum;  // value words
     uint32_t ulEnumNum;
-    uint32_t bKey;      // selects what the command works on: comes first, must be there
-    uint32_t ulRun;     // so many parameters from here on differ in their number only
-    const char *pszOf;  // the parameter behind whose value it is read, or null
-    uint32_t ulOfMask;  // bit v: read if that one has the value v
+    uint32_t bKey;       // selects what the command works on: comes first, must be there
+    uint32_t ulRun;      // so many parameters from here on differ in their number only
+    const char *pszOf;   // the parameter behind whose value it is read, or null
+    uint32_t ulOfMask;   // bit v: read if that one has the value v
+    const char *pszOwn;  // another name that it is taken by, or null
+    uint32_t bElement;   // of an array: its number ends the name
 };
 
 extern "C" {
@@ -31,5 +33,13 @@ extern "C" {
 NpSmdForm Np_SMD_CommandForm(NpCliHandler pfnHandler);
 // Parameter ulIndex of a command, keys first. 0, or 1 if there are no more.
 uint32_t Np_SMD_CommandParam(NpCliHandler pfnHandler, uint32_t ulIndex, NpSmdParam *pstParam);
+// 1 if a word names the parameter: its name, or its own in full or short.
+uint32_t Np_SMD_ParamIs(const NpSmdParam *pstParam, const char *pszWord);
+
+// The port types' words, in the order of their numbers; null behind the last.
+const char *Np_SMD_PortTypeWord(uint32_t ulIndex);
+// What a port type, by word or number, takes behind it: name and range of part ulPart. A part
+// without a name is a word on its own. 0, or 1 if there are no more.
+uint32_t Np_SMD_PortPart(const char *pszType, uint32_t ulPart, NpSmdKeyItem *pstItem);
 
 }  // extern "C"

@@ -7,6 +7,7 @@
 #include "sdk/frame/text.h"
 #include "sdk/module/cli.h"
 #include "sdk/module/smd.h"
+#include "sdk/module/smd_row.h"
 #include "sdk/module/tree.h"
 
 #include <array>
@@ -453,4 +454,57 @@ uint32_t Np_SMD_DFX_IngressPhyID2PortID(void)
         Np_PUB_SMD_Print_ex(NP_SMD_PORT, "portid", &stPort);
     }
     return Np_SMD_Report(ulReturn);
+}
+
+namespace {
+
+// A parameter by its item; what it depends on is the caller's.
+void Np_ParamTell(const NpSmdKeyTable &stKeys, uint32_t ulItem, NpSmdParam *pstParam)
+{
+    const NpSmdKeyItem &stItem = stKeys.pstItem[ulItem];
+    *pstParam = {};
+    pstParam->stItem = stItem;
+    pstParam->ulRun = 1;
+    for (const NpSmdKeyEnum &stWord : g_astWord) {
+        if (stItem.ulType == NP_SMD_ENUM && stWord.ulKeyID == stItem.ulKeyID) {
+            pstParam->pstEnum = pstParam->ulEnumNum == 0 ? &stWord : pstParam->pstEnum;
+            pstParam->ulEnumNum++;
+        }
+    }
+}
+
+}  // namespace
+
+// The insert type is the key of the command; it lets in the fields of its format, and the frame
+// info type of one of these those of the frame info.
+uint32_t Np_SMD_CputrSendParam(uint32_t ulIndex, NpSmdParam *pstParam)
+{
+    if (ulIndex == 0) {
+        Np_ParamTell(g_stTypeKeys, NP_ITEM_INSERT, pstParam);
+        pstParam->bKey = 1;
+        return 0;
+    }
+    ulIndex--;
+    for (uint32_t ulType = 0; ulType < NP_INSERT_NUM; ulType++) {
+        const NpSmdKeyTable &stKeys = g_astSendParams[ulType].stKeys;
+        if (ulIndex < stKeys.ulItemNum) {
+            Np_ParamTell(stKeys, ulIndex, pstParam);
+            pstParam->pszOf = g_astTypeItem[NP_ITEM_INSERT].szName;
+            pstParam->ulOfMask = 1u << ulType;
+            return 0;
+        }
+        ulIndex -= stKeys.ulItemNum;
+    }
+    for (uint32_t ulType = 0; ulType < NP_FRAME_NUM; ulType++) {
+        const NpSmdKeyTable &stKeys = g_astFrameParams[ulType].stKeys;
+        if (ulIndex < stKeys.ulItemNum) {
+            Np_ParamTell(stKeys, ulIndex, pstParam);
+            pstParam->stItem.ulPromptNo = 0;
+            pstParam->pszOf = "ulFrameInfoType";
+            pstParam->ulOfMask = 1u << ulType;
+            return 0;
+        }
+        ulIndex -= stKeys.ulItemNum;
+    }
+    return 1;
 }

@@ -2,6 +2,7 @@
 #include "platform/os.h"
 #include "sdk/frame/text.h"
 #include "sdk/module/cli.h"
+#include "sdk/module/params.h"
 #include "sdk/module/smd.h"
 
 namespace {
@@ -93,4 +94,35 @@ uint32_t Np_PUB_SMD_PortGet(uint32_t, NpPortID *pstPort)
         return 1;
     }
     return Np_PortNumberGet("pri", pstRow->lPriMax, &pstPort->ulPri);
+}
+
+const char *Np_SMD_PortTypeWord(uint32_t ulIndex)
+{
+    const uint32_t ulNum = sizeof(g_astPortWord) / sizeof(g_astPortWord[0]);
+    return ulIndex < ulNum ? g_astPortWord[ulIndex].pszWord : nullptr;
+}
+
+uint32_t Np_SMD_PortPart(const char *pszType, uint32_t ulPart, NpSmdKeyItem *pstItem)
+{
+    const NpPortWord *pstRow = Np_PortWordFind(pszType);
+    if (pstRow == nullptr) {
+        return 1;
+    }
+    *pstItem = {};
+    pstItem->ulType = NP_SMD_NUMBER;
+    if (pstRow == &g_astPortWord[NP_PORT_VDSL] && ulPart-- == 0) {
+        pstItem->ulType = NP_SMD_ENUM;
+        pstItem->lMax = 1;
+        return 0;
+    }
+    constexpr const char *apszName[] = {"portid", "subportid", "pri"};
+    const int32_t alMax[] = {pstRow->lPortMax, pstRow->lSubPortMax, pstRow->lPriMax};
+    for (uint32_t i = 0; i < 3; i++) {
+        if (alMax[i] != NP_NOT_ASKED && ulPart-- == 0) {
+            Np_StrCpy(pstItem->szName, apszName[i]);
+            pstItem->lMax = alMax[i];
+            return 0;
+        }
+    }
+    return 1;
 }

@@ -68,19 +68,26 @@ char Np_Small(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
 
-// Tells whether a word is a name, with an element's number behind it for an array. bSmall: the word
-// has the name's letters in lower case.
-bool Np_NameMatches(const NpField *pstField, const char *pszName, bool bSmall, const char *pszWord,
-                    uint32_t *pulElement)
+// What stands behind a name at the front of a word, or null. bSmall: the word has the name's
+// letters in lower case.
+const char *Np_BehindName(const char *pszName, bool bSmall, const char *pszWord)
 {
     for (; *pszName != 0; pszName++, pszWord++) {
         if (*pszWord != (bSmall ? Np_Small(*pszName) : *pszName)) {
-            return false;
+            return nullptr;
         }
     }
+    return pszWord;
+}
+
+// Tells whether a word is a name, with an element's number behind it for an array.
+bool Np_NameMatches(const NpField *pstField, const char *pszName, bool bSmall, const char *pszWord,
+                    uint32_t *pulElement)
+{
+    pszWord = Np_BehindName(pszName, bSmall, pszWord);
     *pulElement = 0;
-    if (!Np_IsIndexed(pstField)) {
-        return *pszWord == 0;
+    if (pszWord == nullptr || !Np_IsIndexed(pstField)) {
+        return pszWord != nullptr && *pszWord == 0;
     }
     return (pszWord[0] != '0' || pszWord[1] == 0) && Np_PUB_SMD_atoi(pszWord, pulElement) == 0 &&
            *pulElement < pstField->usCount;
@@ -372,6 +379,16 @@ constexpr const NpRowCommand *g_apstCommand[] = {
 #include "sdk/record/list.h"
 };
 
+// Commands whose parameters no row describes.
+struct NpParamCommand {
+    NpCliHandler pfnHandler;
+    NpSmdForm enForm;
+    uint32_t (*pfnParam)(uint32_t ulIndex, NpSmdParam *pstParam);
+};
+constexpr NpParamCommand g_astParamCommand[] = {
+    {Np_SMD_CPUTR_SendPkt, NP_FORM_LARGE, Np_SMD_CputrSendParam},
+};
+
 const NpRow *Np_CommandKey(const NpRowCommand *pstCommand)
 {
     return pstCommand->pstTable != nullptr ? pstCommand->pstTable->pstKey : pstCommand->pstKey;
@@ -498,6 +515,8 @@ uint32_t Np_SMD_RowParam(const NpRow *pstRow, uint32_t ulIndex, NpSmdParam *pstP
             pstParam->pstEnum = pstField->pstWord;
             pstParam->ulEnumNum = pstField->ucWordNum;
             pstParam->ulRun = ulNum - ulIndex;
+            pstParam->pszOwn = Np_FieldOwnName(pstField);
+            pstParam->bElement = Np_IsIndexed(pstField) ? 1 : 0;
             Np_ParamCondition(pstRow, pstField, pstParam);
             return 0;
         }
@@ -552,14 +571,48 @@ uint32_t Np_SMD_RowSet(const NpRowCommand *pstCommand)
     return Np_SMD_Report(pstCommand->pfnSet(g_ulNpCurrentChipID, stKey.aulWord, stData.aulWord));
 }
 
+// The name of an array's element ends in its number, which the own name has not.
+uint32_t Np_SMD_ParamIs(const NpSmdParam *pstParam, const char *pszWord)
+{
+    if (Np_StrCmp(pstParam->stItem.szName, pszWord) == 0) {
+        return 1;
+    }
+    if (pstParam->pszOwn == nullptr) {
+        return 0;
+    }
+    const char *pszNumber = pstParam->stItem.szName + NP_StrLen(pstParam->stItem.szName);
+    while (pszNumber != pstParam->stItem.szName && pszNumber[-1] >= '0' && pszNumber[-1] <= '9') {
+        pszNumber--;
+    }
+    const char *pszOwn = pstParam->pszOwn;
+    for (const char *pszBehind : {Np_BehindName(pszOwn, false, pszWord),
+                                  Np_BehindName(Np_ShortName(pszOwn), true, pszWord)}) {
+        if (pszBehind != nullptr &&
+            Np_StrCmp(pszBehind, pstParam->bElement ? pszNumber : "") == 0) {
+            return 1;
+        }
+    }
+    return 0;
+}
+
 NpSmdForm Np_SMD_CommandForm(NpCliHandler pfnHandler)
 {
+    for (const NpParamCommand &stCommand : g_astParamCommand) {
+        if (stCommand.pfnHandler == pfnHandler) {
+            return stCommand.enForm;
+        }
+    }
     const NpRowCommand *pstCommand = Np_CommandFind(pfnHandler);
     return pstCommand != nullptr ? pstCommand->enForm : NP_FORM_UNKNOWN;
 }
 
 uint32_t Np_SMD_CommandParam(NpCliHandler pfnHandler, uint32_t ulIndex, NpSmdParam *pstParam)
 {
+    for (const NpParamCommand &stCommand : g_astParamCommand) {
+        if (stCommand.pfnHandler == pfnHandler) {
+            return stCommand.pfnParam(ulIndex, pstParam);
+        }
+    }
     const NpRowCommand *pstCommand = Np_CommandFind(pfnHandler);
     if (pstCommand == nullptr) {
         return 1;

@@ -30,6 +30,9 @@ uint32_t Np_SMD_RowScanMenu(const NpRow *pstRow, void *pvRecord);
 // Prints the fields that are there, a line each.
 void Np_SMD_RowPrint(const NpRow *pstRow, const void *pvRecord);
 
+// Parameters of `micro cputr send`, as Np_SMD_RowParam gives them.
+uint32_t Np_SMD_CputrSendParam(uint32_t ulIndex, NpSmdParam *pstParam);
+
 // Parameter ulIndex of a row, in the order of reading. 0, or 1 if there are no more.
 uint32_t Np_SMD_RowParam(const NpRow *pstRow, uint32_t ulIndex, NpSmdParam *pstParam);
 

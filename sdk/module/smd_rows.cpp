@@ -60,6 +60,20 @@ constexpr NpField g_astField[] = {
 };
 }  // namespace micro_load
 
+namespace port_map {
+struct R {
+    NpPortID stPort;
+};
+struct Phy {
+    uint32_t ulPhyID;
+};
+constexpr NpField g_astField[] = {NP_F(stPort)};
+constexpr NpField g_astPhyField[] = {
+    Np_FieldMake<uint32_t>("ulPhyID", 0, sizeof(uint32_t), 0, {.pszKey = "phyid"})};
+constexpr NpCheck g_astPhyCheck[] = {
+    Np_CheckMake<uint32_t>("ulPhyID", 0, sizeof(uint32_t), 0, Np_Most(1023), {})};
+}  // namespace port_map
+
 namespace cache {
 struct R {
     uint32_t ulSmemID;
@@ -85,3 +99,7 @@ constexpr NpRow g_stEmlCacheArgs =
     Np_RowMake<cache::R>({.ucModule = NP_M_COMM}, cache::g_astField, cache::g_astEmlCheck);
 constexpr NpRow g_stCpuCacheArgs =
     Np_RowMake<cache::R>({.ucModule = NP_M_COMM}, cache::g_astField, cache::g_astCpuCheck);
+constexpr NpRow g_stPortArgs =
+    Np_RowMake<port_map::R>({.ucModule = NP_M_COMM}, port_map::g_astField, {});
+constexpr NpRow g_stPhyArgs = Np_RowMake<port_map::Phy>(
+    {.ucModule = NP_M_COMM}, port_map::g_astPhyField, port_map::g_astPhyCheck);

@@ -8,5 +8,7 @@ extern const NpRow g_stPromptArgs;
 extern const NpRow g_stPrintArgs;
 extern const NpRow g_stFuncPrintArgs;
 extern const NpRow g_stMicroLoadArgs;
+extern const NpRow g_stPortArgs;
+extern const NpRow g_stPhyArgs;
 extern const NpRow g_stEmlCacheArgs;
 extern const NpRow g_stCpuCacheArgs;

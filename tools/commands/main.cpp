@@ -1,8 +1,8 @@
 // Prints docs/commands.md: the command tree with what each command takes, read from the tree and
 // the descriptions that the handlers themselves read.
 #include "sdk/module/cli.h"
-#include "sdk/module/params.h"
 #include "sdk/module/tree.h"
+#include "tools/params/params.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -11,24 +11,9 @@
 
 namespace {
 
-std::vector<NpSmdParam> params_of(NpCliHandler handler)
-{
-    std::vector<NpSmdParam> params;
-    NpSmdParam param;
-    for (uint32_t i = 0; Np_SMD_CommandParam(handler, i, &param) == 0; i++) {
-        // One that stands in several places, by what it depends on, is one to the reader.
-        const auto same = std::find_if(params.begin(), params.end(), [&](const NpSmdParam &other) {
-            return param.pszOf != nullptr && other.pszOf == param.pszOf &&
-                   std::string(other.stItem.szName) == param.stItem.szName;
-        });
-        if (same != params.end()) {
-            same->ulOfMask |= param.ulOfMask;
-            continue;
-        }
-        params.push_back(param);
-    }
-    return params;
-}
+using ldsdk::tool::params_of;
+using ldsdk::tool::selector_of;
+using ldsdk::tool::values_of;
 
 // "downoption" and "31" for the first of 32 parameters that differ in their number only.
 std::string name_of(const NpSmdParam &param)
@@ -41,50 +26,6 @@ std::string name_of(const NpSmdParam &param)
     return "`" + name + "` to `" + stem + std::to_string(param.ulRun - 1) + "`";
 }
 
-std::string values_of(const NpSmdParam &param)
-{
-    const NpSmdKeyItem &item = param.stItem;
-    const auto unsigned_max = static_cast<uint32_t>(item.lMax);
-    switch (item.ulType) {
-        case NP_SMD_MAC:
-            return "`xx-xx-xx-xx-xx-xx`";
-        case NP_SMD_IPV4:
-            return "`d.d.d.d`";
-        case NP_SMD_IPV6:
-            return "eight groups with colons";
-        case NP_SMD_STRING:
-            return "text";
-        case NP_SMD_PORT:
-            return "a port: type, then `portid`, `subportid` and `pri` where it has them";
-        case NP_SMD_DATA:
-            return "up to " + std::to_string(item.lMax) + " bytes in hexadecimal";
-        case NP_SMD_SIGNED:
-            return "`plus` or `minus` and a number, " + std::to_string(item.lMin) + " to " +
-                   std::to_string(item.lMax);
-        case NP_SMD_ENUM: {
-            std::string text;
-            for (uint32_t i = 0; i < param.ulEnumNum; i++) {
-                text += (text.empty() ? "" : ", ") + std::to_string(param.pstEnum[i].ulValue) +
-                        " `" + param.pstEnum[i].pszText + "`";
-            }
-            return text + "; 0 to " + std::to_string(unsigned_max);
-        }
-        default:
-            return std::to_string(static_cast<uint32_t>(item.lMin)) + " to " +
-                   std::to_string(unsigned_max);
-    }
-}
-
-const NpSmdParam *selector_of(const NpSmdParam &param, const std::vector<NpSmdParam> &params)
-{
-    for (const NpSmdParam &other : params) {
-        if (param.pszOf != nullptr && std::string(other.stItem.szName) == param.pszOf) {
-            return &other;
-        }
-    }
-    return nullptr;
-}
-
 // When a parameter is asked for, by the words of the one that it depends on.
 std::string when_of(const NpSmdParam &param, const std::vector<NpSmdParam> &params)
 {
@@ -92,8 +33,10 @@ std::string when_of(const NpSmdParam &param, const std::vector<NpSmdParam> &para
     if (selector == nullptr) {
         return param.bKey != 0 ? "key" : "";
     }
-    std::string text =
-        std::string(param.bKey != 0 ? "key, with `" : "behind `") + param.pszOf + "`";
+    const char *relation = param.bKey != 0       ? "key, with `"
+                           : selector->bKey != 0 ? "with `"
+                                                 : "behind `";
+    std::string text = std::string(relation) + param.pszOf + "`";
     for (uint32_t value = 0; value < 32; value++) {
         if ((param.ulOfMask >> value & 1) == 0) {
             continue;
@@ -159,10 +102,15 @@ std::string example_of(const std::string &path, NpSmdForm form,
         const NpSmdParam *selector = selector_of(param, params);
         return selector == nullptr || (param.ulOfMask >> example_choice(*selector) & 1) != 0;
     };
+    // Behind another parameter of the menu, and not beside it.
+    const auto behind = [&](const NpSmdParam &param) {
+        const NpSmdParam *selector = selector_of(param, params);
+        return selector != nullptr && selector->bKey == 0;
+    };
     size_t shown = 0;
     for (const NpSmdParam &param : params) {
         const bool in_order = all || param.bKey != 0;
-        if (!let_in(param) || (!in_order && (param.pszOf != nullptr || shown++ > 0))) {
+        if (!let_in(param) || (!in_order && (behind(param) || shown++ > 0))) {
             continue;
         }
         add(param);

@@ -4,6 +4,7 @@
 #include "tools/ldsdk/command_buffer.h"
 #include "tools/ldsdk/line.h"
 #include "tools/ldsdk/output.h"
+#include "tools/params/params.h"
 
 #include <memory>
 #include <span>
@@ -11,13 +12,6 @@
 #include <vector>
 
 namespace ldsdk::tool {
-
-// A word that may come next on a command line.
-struct NextWord {
-    std::string name;
-    std::string help;
-    bool more;  // further words follow it: it names a group
-};
 
 class Backend {
   public:
@@ -27,7 +21,8 @@ class Backend {
     virtual void device(const CommandBuffer &buffer, Output &output) = 0;
     // A command of the chip model, with "chip" as the first word.
     virtual void chip(std::span<const std::string> words, Output &output) = 0;
-    // The words that can follow a path of group words; none when it is no group. Runs nothing.
+    // The words that can follow those of a line, be they groups, commands or parameters. Runs
+    // nothing.
     virtual std::vector<NextWord> next_words(std::span<const std::string> path) = 0;
 };
 

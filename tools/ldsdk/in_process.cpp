@@ -33,7 +33,8 @@ std::vector<NextWord> tree_next_words(std::span<const std::string> path)
 {
     const NpCliCmdEntry *level = g_stNpSdkCmds;
     size_t count = std::size(g_stNpSdkCmds);
-    for (const std::string &word : path) {
+    for (size_t i = 0; i < path.size(); i++) {
+        const std::string &word = path[i];
         const NpCliCmdEntry *end = level + count;
         const NpCliCmdEntry *entry = level;
         while (entry != end && word != entry->szName) {
@@ -42,8 +43,11 @@ std::vector<NextWord> tree_next_words(std::span<const std::string> path)
         if (entry == end) {
             return {};
         }
+        if (entry->ulChildNum == 0) {
+            return param_next_words(entry->pfnHandler, path.subspan(i + 1));
+        }
         level = entry->pstChildren;
-        count = level == nullptr ? 0 : entry->ulChildNum;
+        count = entry->ulChildNum;
     }
     std::vector<NextWord> words;
     for (size_t i = 0; i < count; i++) {

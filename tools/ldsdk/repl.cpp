@@ -29,6 +29,11 @@ struct Completion {
 };
 Completion g_completion = {};
 
+bool stands_for_many(const NextWord &word)
+{
+    return word.name.starts_with('<');
+}
+
 std::vector<NextWord> matching(const TypedLine &typed)
 {
     std::vector<NextWord> words;
@@ -42,7 +47,9 @@ std::vector<NextWord> matching(const TypedLine &typed)
         words.push_back({"help", "what can be typed here", false});
         words.push_back({"quit", "leave; so does the end of input", false});
     }
-    std::erase_if(words, [&](const NextWord &word) { return !word.name.starts_with(typed.last); });
+    std::erase_if(words, [&](const NextWord &word) {
+        return !stands_for_many(word) && !word.name.starts_with(typed.last);
+    });
     return words;
 }
 
@@ -67,7 +74,9 @@ char **complete(const char *text, int start, int)
     typed.last = text;
     g_completion.names.clear();
     for (const NextWord &word : matching(typed)) {
-        g_completion.names.push_back(word.name);
+        if (!stands_for_many(word)) {
+            g_completion.names.push_back(word.name);
+        }
     }
     return rl_completion_matches(text, next_name);
 }
@@ -83,8 +92,9 @@ void show_words(const std::vector<NextWord> &words)
                      word.help.c_str());
     }
     if (words.empty()) {
-        std::fputs("  no word is known here: a command's own arguments, or the end of the line\n",
-                   rl_outstream);
+        std::fputs(
+            "  nothing is known to come here: the end of the line, or a word before is wrong\n",
+            rl_outstream);
     }
 }
 
