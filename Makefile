@@ -29,6 +29,7 @@ bench: deps
 	@cmake --preset bench >/dev/null
 	@cmake --build build/bench --parallel $(JOBS)
 	@build/bench/bin/ldsdk_bench
+	@python3 cmake/text_size.py build/bench
 
 lint: build
 	@cmake/deps.sh lint

@@ -1,8 +1,11 @@
 // What the benchmarks share: a chip that is up, and the table of targets printed at the end.
 #pragma once
 
+#include "chipmodel/model.h"
+
 #include <benchmark/benchmark.h>
 
+#include <functional>
 #include <string>
 
 namespace ldsdk::bench {
@@ -10,8 +13,12 @@ namespace ldsdk::bench {
 // Chip 0 registered and brought up on a fresh model, output thrown away. Done once a process.
 void chip_up();
 
+// Command frames that an operation sends; of one command only when it is given.
+double frames_of(const std::function<void()> &work, model::RbaOp command = model::RbaOp::kUnknown);
+
 // One line of the closing table: the ratio of two benchmarks of this run (or one's own rate or
-// counter), against a target. It is printed, met or missed; nothing is asserted.
+// counter), against a target. The line also has the time of `of` and,
+// from its counter "frames", what that sends. Nothing is asserted.
 struct Target {
     enum class Kind {
         kRatioAtMost,   // time of `of` over time of `against`, at most `limit`

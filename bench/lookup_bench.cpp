@@ -20,6 +20,7 @@ namespace {
 
 using ldsdk::bench::AddTarget;
 using ldsdk::bench::chip_up;
+using ldsdk::bench::frames_of;
 using Kind = ldsdk::bench::Target::Kind;
 namespace model = ldsdk::model;
 
@@ -113,26 +114,6 @@ bool del_all(const std::vector<Item> &items, uint32_t table = kTable)
     return std::all_of(items.begin(), items.end(), [&](Item item) {
         return Np_Tarn_EML_ItemDel(0, table, NP_EML_DEL_ANY, item.data()) == 0;
     });
-}
-
-// Command frames that an operation sends; of one command only when it is given.
-template <typename Work>
-double frames_of(Work work, model::RbaOp command = model::RbaOp::kUnknown)
-{
-    model::journal_clear();
-    model::journal_enable(true);
-    work();
-    model::journal_enable(false);
-    uint32_t frames = 0;
-    for (uint32_t at = 0; at < model::journal_count(); at++) {
-        const model::Record &record = *model::journal_record(at);
-        frames += record.kind == model::RecordKind::kRba &&
-                          (command == model::RbaOp::kUnknown || record.command == command)
-                      ? 1
-                      : 0;
-    }
-    model::journal_clear();
-    return frames;
 }
 
 // The frames of an operation beside the number that it is meant to take.

@@ -85,20 +85,35 @@ double measured(const Target &target, const std::map<std::string, Collector::Res
     return 0;
 }
 
+// "12.5", or "-" for a counter that a benchmark has not.
+std::string counter_text(const Collector::Result &result, const char *name)
+{
+    const auto counter = result.counters.find(name);
+    if (counter == result.counters.end()) {
+        return "-";
+    }
+    char text[32];
+    std::snprintf(text, sizeof(text), "%.4g", counter->second);
+    return text;
+}
+
 void print_targets(const Collector &collector)
 {
-    std::printf("\n%-56s %12s %12s  %s\n", "target", "measured", "limit", "");
+    std::printf("\n%-56s %12s %8s %12s %12s  %s\n", "operation", "ns", "frames", "measured",
+                "target", "");
     for (const Target &target : targets()) {
         bool known = false;
         const double value = measured(target, collector.results(), known);
         if (!known) {
             continue;
         }
+        const Collector::Result &result = collector.results().at(target.of);
         const bool at_most = target.kind == Target::Kind::kRatioAtMost ||
                              target.kind == Target::Kind::kCounterAtMost;
         const bool met = at_most ? value <= target.limit : value >= target.limit;
-        std::printf("%-56s %12.4g %s%11.4g  %s\n", target.meaning.c_str(), value,
-                    at_most ? "<" : ">", target.limit, met ? "met" : "MISSED");
+        std::printf("%-56s %12.4g %8s %12.4g %s%11.4g  %s\n", target.meaning.c_str(), result.ns,
+                    counter_text(result, "frames").c_str(), value, at_most ? "<" : ">",
+                    target.limit, met ? "met" : "MISSED");
     }
 }
 
@@ -107,6 +122,24 @@ void print_targets(const Collector &collector)
 AddTarget::AddTarget(Target target)
 {
     targets().push_back(std::move(target));
+}
+
+double frames_of(const std::function<void()> &work, model::RbaOp command)
+{
+    model::journal_clear();
+    model::journal_enable(true);
+    work();
+    model::journal_enable(false);
+    uint32_t frames = 0;
+    for (uint32_t at = 0; at < model::journal_count(); at++) {
+        const model::Record &record = *model::journal_record(at);
+        frames += record.kind == model::RecordKind::kRba &&
+                          (command == model::RbaOp::kUnknown || record.command == command)
+                      ? 1
+                      : 0;
+    }
+    model::journal_clear();
+    return frames;
 }
 
 void chip_up()

@@ -42,20 +42,39 @@ bool finish(pid_t child, rusage *usage)
            WEXITSTATUS(status) == 0;
 }
 
-std::string script(size_t lines)
+using Line = void (*)(std::ofstream &file, size_t number);
+
+void version_line(std::ofstream &file, size_t)
+{
+    file << "micro glb version sdk\n";
+}
+
+// A static entry for each of 1024 addresses, then the same once more with other data.
+void mac_line(std::ofstream &file, size_t number)
+{
+    char line[160];
+    std::snprintf(line, sizeof(line),
+                  "micro arl arltbl set ulType 0 ulSvlanID %zu ulVsi 0 aucMacAddr "
+                  "00-11-22-33-%02zx-%02zx ulOpCode 0 ulIntfID %zu\n",
+                  100 + number % 16, number / 256 % 4, number % 256, number / 2);
+    file << line;
+}
+
+std::string script(size_t lines, Line line)
 {
     const std::string path = "/tmp/ldsdk_bench_" + std::to_string(getpid()) + ".ldsdk";
     std::ofstream file(path);
     for (size_t i = 0; i < lines; i++) {
-        file << "micro glb version sdk\n";
+        line(file, i);
     }
     return path;
 }
 
-void run_script(benchmark::State &state, const std::vector<std::string> &options)
+void run_script(benchmark::State &state, const std::vector<std::string> &options,
+                Line line = version_line)
 {
     const auto lines = static_cast<size_t>(state.range(0));
-    const std::string path = script(lines);
+    const std::string path = script(lines, line);
     std::vector<std::string> words = {LDSDK_TOOL};
     words.insert(words.end(), options.begin(), options.end());
     words.insert(words.end(), {"--script", path});
@@ -82,6 +101,14 @@ const AddTarget script_target({Kind::kRateAtLeast, "tool_script/2048", "", 100e3
                                "script commands per second, start included"});
 const AddTarget memory_target({Kind::kCounterAtMost, "tool_script/2048", "MiB", 64,
                                "resident memory of the tool, MiB"});
+
+void tool_mac_script(benchmark::State &state)
+{
+    run_script(state, {}, mac_line);
+}
+BENCHMARK(tool_mac_script)->Arg(2048)->UseManualTime()->Iterations(20);
+const AddTarget mac_script_target({Kind::kRateAtLeast, "tool_mac_script/2048", "", 100e3,
+                                   "MAC entries set by script per second, start included"});
 
 void tool_server(benchmark::State &state)
 {

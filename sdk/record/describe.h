@@ -131,15 +131,21 @@ constexpr bool Np_CrossesWords(const NpField &stField)
 
 constexpr NpMove Np_MoveFind(const NpField &stField)
 {
-    if (stField.ucWidth == 0 || stField.pstCoding != nullptr || stField.ucFrom != 0 ||
-        stField.ucType == NP_SMD_SIGNED || stField.ucRun != 0 || Np_CrossesWords(stField)) {
+    if (stField.ucWidth == 0) {
+        return NP_MOVE_NONE;
+    }
+    if (stField.pstCoding != nullptr || stField.ucFrom != 0 || stField.ucType == NP_SMD_SIGNED ||
+        stField.ucRun != 0) {
         return NP_MOVE_ANY;
     }
-    const bool bAlways = stField.stWhen.ulMask == 0;
-    if (stField.usCount == 1 && stField.ucSize == 4) {
-        return bAlways ? NP_MOVE_WORD : NP_MOVE_WHEN_WORD;
+    const bool bWord = stField.usCount == 1 && stField.ucSize == 4;
+    if (Np_CrossesWords(stField)) {
+        return bWord ? NP_MOVE_WIDE_WORD : NP_MOVE_ANY;
     }
-    if (!bAlways || (stField.ucSize != 4 && stField.ucSize != 1)) {
+    if (bWord) {
+        return NP_MOVE_WORD;
+    }
+    if (stField.ucSize != 4 && stField.ucSize != 1) {
         return NP_MOVE_ANY;
     }
     const bool bRun = stField.ucSize == 4 && stField.sStep > 0 && 32 % stField.sStep == 0 &&

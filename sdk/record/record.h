@@ -30,6 +30,7 @@
 
 #include "ldsdk/types.h"
 #include "sdk/frame/capability.h"
+#include "sdk/frame/trace.h"
 #include "sdk/record/param.h"
 
 #include <cstdint>
@@ -85,11 +86,12 @@ struct NpLimit {
     uint32_t ulMax;
 };
 
-// How the engines move a field. All but the last are values stored as they are, in one word of the
-// image each, and go without a call.
+// How the engines move a field. All but the last are values stored as they are, all but the last
+// and NP_MOVE_WIDE_WORD in one word of the image each, and go without a call.
 enum NpMove : uint8_t {
-    NP_MOVE_WORD,       // a word on its own, always there
-    NP_MOVE_WHEN_WORD,  // the same, with a condition
+    NP_MOVE_NONE,       // not stored
+    NP_MOVE_WORD,       // a word on its own
+    NP_MOVE_WIDE_WORD,  // a word that reaches into a second word of the image
     NP_MOVE_RUN,        // words, one behind the other from the low bits of an image word up
     NP_MOVE_ARRAY,      // words or bytes in any even steps
     NP_MOVE_ANY,
@@ -179,7 +181,7 @@ constexpr NpWhere Np_Here(const char *pszFunc = __builtin_FUNCTION(),
 }
 
 // All fields of the record, at trace level.
-void Np_Row_Trace(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere = Np_Here());
+inline void Np_Row_Trace(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere = Np_Here());
 // 0, or the first failing check's code: NP_ERR_PARAM, a port's or a custom check's own.
 uint32_t Np_Row_Check(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
                       NpWhere stWhere = Np_Here());
@@ -211,6 +213,16 @@ void Np_Row_Store(const NpField *pstField, uint32_t ulElement, uint32_t ulValue,
 uint32_t Np_Row_LimitMax(const NpLimit *pstLimit);
 // The check of a number that bounds a field, or null.
 const NpCheck *Np_Row_FieldCheck(const NpRow *pstRow, const NpField *pstField);
+
+// What Np_Row_Trace does when the level is on.
+void Np_Row_TraceFields(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere);
+
+inline void Np_Row_Trace(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere)
+{
+    if (g_stNpSdkModuleSwitch[pstRow->ucModule][NP_PRINT_TRACE] != 0) [[unlikely]] {
+        Np_Row_TraceFields(pstRow, pvRecord, stWhere);
+    }
+}
 
 // A trace of the caller's position. Off, it costs one load and one test.
 #define NP_TRACE_AT(stWhere, module, level, ...)                      \

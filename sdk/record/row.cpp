@@ -100,9 +100,6 @@ uint32_t Np_CodingFailed(const NpRow *pstRow, const char *pszFormat, uint32_t ul
                                         uint32_t ulChipID, const uint8_t *pucRecord,
                                         uint8_t *pucImage, NpWhere stWhere)
 {
-    if (pstField->ucWidth == 0 || !Np_Row_IsThere(pstField->stWhen, pucRecord)) {
-        return NP_OK;
-    }
     const uint8_t *pucAt = pucRecord + pstField->usOffset;
     NpPlace stPlace = {pstField->usBit, pstField->usBit, 0};
     for (uint32_t i = 0; i < pstField->usCount; i++, pucAt += pstField->usStride) {
@@ -127,9 +124,6 @@ uint32_t Np_CodingFailed(const NpRow *pstRow, const char *pszFormat, uint32_t ul
                                          uint32_t ulChipID, const uint8_t *pucImage,
                                          uint8_t *pucRecord, NpWhere stWhere)
 {
-    if (pstField->ucWidth == 0 || !Np_Row_IsThere(pstField->stWhen, pucRecord)) {
-        return NP_OK;
-    }
     uint8_t *pucAt = pucRecord + pstField->usOffset;
     NpPlace stPlace = {pstField->usBit, pstField->usBit, 0};
     for (uint32_t i = 0; i < pstField->usCount; i++, pucAt += pstField->usStride) {
@@ -354,9 +348,25 @@ void Np_ParseRun(const NpField *pstField, const uint8_t *pucImage, uint8_t *pucR
     }
 }
 
+// Bytes that are bytes of the image too, such as an address: no word need be read for them.
+inline bool Np_IsWholeBytes(const NpField *pstField)
+{
+    return pstField->ucSize == 1 && pstField->ucWidth == 8 &&
+           ((pstField->usBit | Np_StepOf(pstField)) & 7) == 0;
+}
+
 void Np_FillArray(const NpField *pstField, const uint8_t *pucRecord, uint8_t *pucImage)
 {
     const uint8_t *pucAt = pucRecord + pstField->usOffset;
+    if (Np_IsWholeBytes(pstField)) {
+        uint8_t *pucTo = pucImage + pstField->usBit / 8;
+        for (uint32_t i = pstField->usCount; i != 0; i--) {
+            *pucTo = *pucAt;
+            pucAt += pstField->usStride;
+            pucTo += pstField->sStep / 8;
+        }
+        return;
+    }
     const bool bBytes = pstField->ucSize == 1;
     uint32_t ulBit = pstField->usBit;
     for (uint32_t i = pstField->usCount; i != 0; i--) {
@@ -384,6 +394,27 @@ void Np_ParseArray(const NpField *pstField, const uint8_t *pucImage, uint8_t *pu
         pucAt += pstField->usStride;
         ulBit += Np_StepOf(pstField);
     }
+}
+
+// The selector that a walk over the fields met last; rows have few, and their fields stand
+// together. A selector stands before what it selects, so that its value is there when it is asked
+// for.
+struct NpSelected {
+    bool bKnown;
+    uint16_t usOffset;
+    uint32_t ulBit;
+};
+
+inline bool Np_IsSelected(const NpWhen &stWhen, const uint8_t *pucRecord, NpSelected *pstSelected)
+{
+    if (stWhen.ulMask == 0) {
+        return true;
+    }
+    if (!pstSelected->bKnown || stWhen.usOffset != pstSelected->usOffset) [[unlikely]] {
+        const uint32_t ulValue = Np_Word(pucRecord + stWhen.usOffset);
+        *pstSelected = {true, stWhen.usOffset, ulValue < 32 ? 1u << ulValue : 0};
+    }
+    return (stWhen.ulMask & pstSelected->ulBit) != 0;
 }
 
 uint32_t Np_PortEncode(uint32_t ulChipID, const void *pvField, uint32_t *pulStored)
@@ -420,24 +451,6 @@ uint32_t Np_TraceField(const NpField *pstField, const void *pvRecord, char *pszT
             Os_Format(pszText + ulUsed, NP_TRACE_TEXT - ulUsed, "0x%x ", ulValue));
     }
     return ulUsed;
-}
-
-[[gnu::cold, gnu::noinline]] void Np_TraceRecord(const NpRow *pstRow, const void *pvRecord,
-                                                 NpWhere stWhere)
-{
-    char acText[NP_TRACE_TEXT];
-    uint32_t ulUsed = 0;
-    for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
-        const NpField *pstField = &pstRow->pstField[i];
-        if (pstField->ucFrom != 0) {
-            continue;  // the first part has traced the value
-        }
-        ulUsed = Np_TraceField(pstField, pvRecord, acText, ulUsed);
-        if (ulUsed + NP_TRACE_FIELD >= NP_TRACE_TEXT || i + 1 == pstRow->usFieldNum) {
-            NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_TRACE, " %s\r\n", acText);
-            ulUsed = 0;
-        }
-    }
 }
 
 }  // namespace
@@ -489,10 +502,20 @@ const NpCheck *Np_Row_FieldCheck(const NpRow *pstRow, const NpField *pstField)
     return nullptr;
 }
 
-void Np_Row_Trace(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere)
+[[gnu::cold]] void Np_Row_TraceFields(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere)
 {
-    if (g_stNpSdkModuleSwitch[pstRow->ucModule][NP_PRINT_TRACE] != 0) [[unlikely]] {
-        Np_TraceRecord(pstRow, pvRecord, stWhere);
+    char acText[NP_TRACE_TEXT];
+    uint32_t ulUsed = 0;
+    for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
+        const NpField *pstField = &pstRow->pstField[i];
+        if (pstField->ucFrom != 0) {
+            continue;  // the first part has traced the value
+        }
+        ulUsed = Np_TraceField(pstField, pvRecord, acText, ulUsed);
+        if (ulUsed + NP_TRACE_FIELD >= NP_TRACE_TEXT || i + 1 == pstRow->usFieldNum) {
+            NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_TRACE, " %s\r\n", acText);
+            ulUsed = 0;
+        }
     }
 }
 
@@ -528,16 +551,21 @@ uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecor
     const uint8_t *pucRecord = static_cast<const uint8_t *>(pvRecord);
     uint8_t *pucImage = static_cast<uint8_t *>(pvImage);
     const NpField *pstEnd = pstRow->pstField + pstRow->usFieldNum;
+    NpSelected stSelected = {};
     for (const NpField *pstField = pstRow->pstField; pstField != pstEnd; pstField++) {
+        if (!Np_IsSelected(pstField->stWhen, pucRecord, &stSelected)) {
+            continue;
+        }
         switch (pstField->ucMove) {
-            case NP_MOVE_WHEN_WORD:
-                if (!Np_Row_IsThere(pstField->stWhen, pucRecord)) {
-                    break;
-                }
-                [[fallthrough]];
+            case NP_MOVE_NONE:
+                break;
             case NP_MOVE_WORD:
                 Np_PutWord(pucImage + pstField->usWord, pstField->ucShift, pstField->ulMask,
                            Np_Word(pucRecord + pstField->usOffset));
+                break;
+            case NP_MOVE_WIDE_WORD:
+                Np_Insert(pucImage, pstField->usBit, pstField->ucWidth,
+                          Np_Word(pucRecord + pstField->usOffset));
                 break;
             case NP_MOVE_RUN:
                 Np_FillRun(pstField, pucRecord, pucImage);
@@ -577,16 +605,22 @@ uint32_t Np_Row_Parse(const NpRow *pstRow, uint32_t ulChipID, const void *pvImag
         memset(pucRecord, 0, pstRow->usRecordSize);
     }
     const NpField *pstEnd = pstRow->pstField + pstRow->usFieldNum;
+    NpSelected stSelected = {};
     for (const NpField *pstField = pstRow->pstField; pstField != pstEnd; pstField++) {
+        if (!Np_IsSelected(pstField->stWhen, pucRecord, &stSelected)) {
+            continue;
+        }
         switch (pstField->ucMove) {
-            case NP_MOVE_WHEN_WORD:
-                if (!Np_Row_IsThere(pstField->stWhen, pucRecord)) {
-                    break;
-                }
-                [[fallthrough]];
+            case NP_MOVE_NONE:
+                break;
             case NP_MOVE_WORD: {
                 const uint32_t ulValue =
                     Np_Word(pucImage + pstField->usWord) >> pstField->ucShift & pstField->ulMask;
+                __builtin_memcpy(pucRecord + pstField->usOffset, &ulValue, 4);
+                break;
+            }
+            case NP_MOVE_WIDE_WORD: {
+                const uint32_t ulValue = Np_Extract(pucImage, pstField->usBit, pstField->ucWidth);
                 __builtin_memcpy(pucRecord + pstField->usOffset, &ulValue, 4);
                 break;
             }

@@ -47,7 +47,6 @@ struct NpMacTable {
     const NpRow *pstKey;
     const NpRow *pstData;
     const NpRow *pstIndex;
-    uint32_t (*pfnKeyBuild)(uint32_t ulChipID, const void *pvKey, void *pvItem);
     // What follows when a dynamic entry, given by its old item, was made static (bGone false) or
     // went.
     uint32_t (*pfnReplaced)(uint32_t ulChipID, const uint32_t *pulItem, bool bGone);
@@ -170,20 +169,10 @@ uint32_t Np_LanMacReplaced(uint32_t ulChipID, const uint32_t *pulItem, bool)
     return Np_CreditBack(ulChipID, NP_CNT_PORT_MAC_LIMIT, stData.ulL2encId);
 }
 
-uint32_t Np_ArlKeyBuild(uint32_t ulChipID, const void *pvKey, void *pvItem)
-{
-    return Np_Tarn_Arl_ArlTblKeyBulid(ulChipID, static_cast<const NpArlKey *>(pvKey), pvItem);
-}
-
-uint32_t Np_LanMacKeyBuild(uint32_t ulChipID, const void *pvKey, void *pvItem)
-{
-    return Np_Tarn_Arl_LanMacTblKeyBulid(ulChipID, static_cast<const NpLanMacKey *>(pvKey), pvItem);
-}
-
-constexpr NpMacTable g_stArl = {NP_EML_MAC,        &g_stArlKeyRow, &g_stArlDataRow,
-                                &g_stArlIndexArgs, Np_ArlKeyBuild, Np_ArlReplaced};
-constexpr NpMacTable g_stLanMac = {NP_EML_LAN_MAC,       &g_stLanMacKeyRow, &g_stLanMacDataRow,
-                                   &g_stLanMacIndexArgs, Np_LanMacKeyBuild, Np_LanMacReplaced};
+constexpr NpMacTable g_stArl = {NP_EML_MAC, &g_stArlKeyRow, &g_stArlDataRow, &g_stArlIndexArgs,
+                                Np_ArlReplaced};
+constexpr NpMacTable g_stLanMac = {NP_EML_LAN_MAC, &g_stLanMacKeyRow, &g_stLanMacDataRow,
+                                   &g_stLanMacIndexArgs, Np_LanMacReplaced};
 
 // ---- entries ------------------------------------------------------------------------------------
 
@@ -217,7 +206,7 @@ uint32_t Np_MacAdd(const NpMacTable &stTable, uint32_t ulChipID, const void *pvK
     }
     NpItem stItem = {};
     if (ulReturn == NP_OK) {
-        ulReturn = stTable.pfnKeyBuild(ulChipID, pvKey, stItem.aulWord);
+        ulReturn = Np_KeyBuild(stTable.pstKey, ulChipID, pvKey, stItem.aulWord, stWhere);
     }
     if (ulReturn != NP_OK) {
         return ulReturn;
@@ -254,7 +243,7 @@ uint32_t Np_MacDel(const NpMacTable &stTable, uint32_t ulChipID, uint32_t ulDelT
     ulReturn = Np_Row_Check(stTable.pstKey, ulChipID, pvKey, stWhere);
     NpItem stItem = {};
     if (ulReturn == NP_OK) {
-        ulReturn = stTable.pfnKeyBuild(ulChipID, pvKey, stItem.aulWord);
+        ulReturn = Np_KeyBuild(stTable.pstKey, ulChipID, pvKey, stItem.aulWord, stWhere);
     }
     if (ulReturn != NP_OK) {
         return ulReturn;
@@ -309,7 +298,7 @@ uint32_t Np_MacGet(const NpMacTable &stTable, uint32_t ulChipID, const void *pvK
     uint32_t ulReturn = Np_Row_Check(stTable.pstKey, ulChipID, pvKey, stWhere);
     NpItem stItem = {};
     if (ulReturn == NP_OK) {
-        ulReturn = stTable.pfnKeyBuild(ulChipID, pvKey, stItem.aulWord);
+        ulReturn = Np_KeyBuild(stTable.pstKey, ulChipID, pvKey, stItem.aulWord, stWhere);
     }
     if (ulReturn != NP_OK) {
         return ulReturn;
