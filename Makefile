@@ -1,7 +1,7 @@
 # Two commands: `make run` and `make test`. CMake with presets does the work underneath.
 SHELL := /bin/sh
 .DEFAULT_GOAL := build
-.PHONY: build run test bench lint fuzz arm status clean deps test-asan test-valgrind format
+.PHONY: build run test bench lint fuzz arm arm-kernel status clean deps test-asan test-valgrind format
 
 JOBS ?= $(shell nproc)
 
@@ -18,12 +18,18 @@ run: build
 	    build/bin/ldsdk --echo --script examples/scripts/access-node.ldsdk $$interactive
 
 test: build arm
+	@cmake/deps.sh kernel
 	@ctest --test-dir build --output-on-failure --parallel $(JOBS)
 
 # The same sources for 32-bit ARM: objects fit for a kernel module, and the unit tests as programs.
 arm: deps
 	@cmake --preset arm >/dev/null
 	@cmake --build build/arm --parallel $(JOBS)
+
+# The real module, loaded and driven in an emulated ARM machine (docs/kernel-module.md).
+arm-kernel: build arm
+	@cmake/deps.sh kernel
+	@python3 cmake/arm_kernel.py . build build/arm build/kernel
 
 bench: deps
 	@cmake --preset bench >/dev/null

@@ -100,7 +100,11 @@ struct Record {
     RbaOp command;  // commands
 };
 
-inline constexpr uint32_t kJournalSize = 65536;  // records; the oldest give way
+// Records, a power of 2; the oldest give way. A build that has to be small may ask for fewer.
+#ifndef LDSDK_JOURNAL_SIZE
+#define LDSDK_JOURNAL_SIZE 65536
+#endif
+inline constexpr uint32_t kJournalSize = LDSDK_JOURNAL_SIZE;
 
 // Starts or stops recording. Off, it costs one test per crossing. Records stay until cleared.
 void journal_enable(bool on);

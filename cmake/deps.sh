@@ -9,7 +9,7 @@ case "${1:-}" in
     lint) packages="clang-format clang-tidy cppcheck" ;;
     fuzz) packages="clang libclang-rt-14-dev llvm" ;;
     valgrind) packages="valgrind" ;;
-    kernel) packages="qemu-system-arm cpio xz-utils kmod bc flex bison libelf-dev libssl-dev" ;;
+    kernel) packages="qemu-system-arm cpio xz-utils" ;;
 esac
 missing=""
 for package in $packages; do

@@ -54,12 +54,17 @@ def compile_one(root, source, target):
     return [] if done.returncode == 0 else [f"{source}: does not compile:\n{done.stderr}"]
 
 
-def check_object(source, target):
+def check_sections(source, target):
     faults = []
     for name in re.findall(r"^\s*\[\s*\d+\]\s+(\S+)", run("arm-linux-gnueabi-readelf", "-SW", target),
                            re.M):
         if any(name == bad or name.startswith(bad + ".") for bad in BAD_SECTIONS):
             faults.append(f"{source}: section {name}")
+    return faults
+
+
+def check_object(source, target):
+    faults = check_sections(source, target)
     for kind in set(re.findall(r"\b(R_ARM_\w+)", run("arm-linux-gnueabi-readelf", "-rW", target))):
         if kind not in RELOCATIONS:
             faults.append(f"{source}: relocation {kind}")

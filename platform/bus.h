@@ -1,10 +1,10 @@
 // How a chip plugs into the mapped windows of a platform that has no hardware: the platform's
-// Os_Io* functions end here. Plain C at the boundary, so that the chip can be a module of its own.
+// Os_Io* functions end here. Plain C, so that the chip can be a module of its own.
 #pragma once
 
-#include <cstdint>
+#include "ldsdk/types.h"
 
-extern "C" {
+NP_EXTERN_C_BEGIN
 
 typedef struct OsBus {
     // Virtual base of ulSize bytes of the master chip's address space from ulFirst; 0 if none.
@@ -21,4 +21,4 @@ typedef struct OsBus {
 // Installs the bus; null takes it out (mapping then fails, reads give 0, writes are lost).
 void Os_BusAttach(const OsBus *pstBus);
 
-}  // extern "C"
+NP_EXTERN_C_END

@@ -1,12 +1,13 @@
 // What the SDK asks of the kernel: one of the two doors out of sdk/. A platform folder defines
-// these functions (host/ in user space, linux/ in a kernel). Plain C at the boundary.
+// these functions (host/ in user space, linux/ in a kernel). Plain C.
 #pragma once
 
-#include <cstdarg>
-#include <cstddef>
-#include <cstdint>
+#include "ldsdk/types.h"
 
-extern "C" {
+#include <stdarg.h>
+#include <stdbool.h>
+
+NP_EXTERN_C_BEGIN
 
 // ---- text -------------------------------------------------------------------------------------
 
@@ -52,6 +53,15 @@ typedef struct OsIoRow {
     uint32_t ulLast;  // inclusive
     uintptr_t ulVirt;
 } OsIoRow;
+// The rows that a platform has: X(first, last), by address.
+#define OS_IO_EXTRA_ROWS(X)                                                     \
+    X(0x7a101a80, 0x7a101a8f) /* context windows of the atoms */                \
+    X(0x7a111a80, 0x7a111a8f)                                                   \
+    X(0x7a121a80, 0x7a121a8f)                                                   \
+    X(0x7a131a80, 0x7a131a8f)                                                   \
+    X(0x7a080000, 0x7a0bffff) /* instruction memory: 8192 groups of 32 bytes */ \
+    X(0x78100160, 0x7810016f) /* free thread counts of the packet feed */       \
+    X(0x78880000, 0x78881fff) /* multicast pointer array: 2048 words */
 // Maps the platform's rows (again, after a repeated call) and returns them; null if one fails.
 const OsIoRow *Os_IoExtraMap(void);
 
@@ -74,4 +84,4 @@ typedef struct OsMiscOps {
 int Os_MiscRegister(const char *pszName, const OsMiscOps *pstOps);
 void Os_MiscDeregister(const char *pszName);
 
-}  // extern "C"
+NP_EXTERN_C_END

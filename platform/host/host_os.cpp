@@ -86,16 +86,9 @@ constexpr OsBus kNoBus = {
 constinit OsBus g_bus = kNoBus;
 
 // Registers outside the SDK's own map that are within reach here.
-constinit OsIoRow g_extra_rows[] = {
-    {0x7a101a80, 0x7a101a8f, 0},  // context windows of the atoms
-    {0x7a111a80, 0x7a111a8f, 0},
-    {0x7a121a80, 0x7a121a8f, 0},
-    {0x7a131a80, 0x7a131a8f, 0},
-    {0x7a080000, 0x7a0bffff, 0},  // instruction memory: 8192 groups of 32 bytes
-    {0x78100160, 0x7810016f, 0},  // free thread counts of the packet feed
-    {0x78880000, 0x78881fff, 0},  // multicast pointer array: 2048 words
-    {0, 0, 0},
-};
+#define HOST_EXTRA_ROW(First, Last) {First, Last, 0},
+constinit OsIoRow g_extra_rows[] = {OS_IO_EXTRA_ROWS(HOST_EXTRA_ROW){0, 0, 0}};
+#undef HOST_EXTRA_ROW
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <sys/ioctl.h>
 #include <cerrno>
+#include <system_error>
 
 namespace ldsdk::tool {
 
@@ -24,10 +25,32 @@ CharDevice::CharDevice(const std::string &path)
     }
 }
 
-void CharDevice::device(const CommandBuffer &buffer, Output &)
+void CharDevice::device(const CommandBuffer &buffer, Output &output)
 {
-    if (::ioctl(fd_.get(), kRequest, buffer.data()) < 0) {
-        throw system_error(path_ + ": the ioctl fails", errno);
+    std::string no_log;
+    try {
+        if (!log_) {
+            log_ = KernelLog::open();
+        }
+        log_->skip();
+    }
+    catch (const std::system_error &error) {
+        no_log = error.what();
+    }
+    const int refused = ::ioctl(fd_.get(), kRequest, buffer.data()) < 0 ? errno : 0;
+    uint64_t lost = 0;
+    if (no_log.empty()) {
+        lost = log_->read([&](std::string_view text) { output.write(text); });
+    }
+    if (refused != 0) {
+        throw system_error(path_ + ": the ioctl fails", refused);
+    }
+    if (!no_log.empty()) {
+        throw failed("the command ran, but its answer in the kernel log can't be read: " + no_log);
+    }
+    if (lost != 0) {
+        throw failed("the kernel log overran: " + std::to_string(lost) +
+                     " of its records are lost; the kernel's log_buf_len=SIZE makes it larger");
     }
 }
 

@@ -3,6 +3,9 @@
 
 #include "tools/ldsdk/backend.h"
 #include "tools/ldsdk/fd.h"
+#include "tools/log/kernel_log.h"
+
+#include <optional>
 
 namespace ldsdk::tool {
 
@@ -10,7 +13,7 @@ class CharDevice : public Backend {
   public:
     explicit CharDevice(const std::string &path);
 
-    // What the command prints goes to the kernel log.
+    // What the command prints is read back from the kernel log.
     void device(const CommandBuffer &buffer, Output &output) override;
     // There is no model behind a loaded module: throws.
     void chip(std::span<const std::string> words, Output &output) override;
@@ -20,6 +23,7 @@ class CharDevice : public Backend {
   private:
     std::string path_;
     Fd fd_;
+    std::optional<KernelLog> log_;
 };
 
 }  // namespace ldsdk::tool

@@ -146,7 +146,7 @@ class Walk {
     // The rest of a port behind its type.
     bool port_parts(const std::string &type)
     {
-        NpSmdKeyItem item;
+        NpSmdKeyItem item = {};
         for (uint32_t part = 0; Np_SMD_PortPart(type.c_str(), part, &item) == 0; part++) {
             const bool named = item.szName[0] != 0;
             if (named) {
@@ -158,8 +158,10 @@ class Walk {
                 }
             }
             if (reader_.done()) {
-                return named ? stop({number_of(item)})
-                             : stop({{"atm", "", false}, {"ptm", "", false}});
+                if (named) {
+                    return stop({number_of(item)});
+                }
+                return stop({{"atm", "", false}, {"ptm", "", false}});
             }
             reader_.take();
         }

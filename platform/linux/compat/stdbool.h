@@ -1,0 +1,2 @@
+/* The kernel keeps these names in a header of its own. */
+#include <linux/types.h>

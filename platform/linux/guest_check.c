@@ -1,0 +1,69 @@
+/* What the command device answers to buffers that no tool would send. Run inside the emulated
+   machine, with the modules loaded; exits 0 when every answer is right. */
+#include <errno.h>
+#include <fcntl.h>
+#include <stdio.h>
+#include <string.h>
+#include <sys/ioctl.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#define BUFFER 512
+#define PAGE 4096
+
+static int faults;
+static int device;
+
+/* expected: 0, or the errno of a refusal. */
+static void expect(const char *what, unsigned long request, void *argument, int expected)
+{
+    int answer = ioctl(device, request, argument) < 0 ? errno : 0;
+
+    if (answer != expected) {
+        printf("%s: %s, expected %s\n", what, strerror(answer), strerror(expected));
+        faults++;
+    }
+}
+
+static void fill(char *buffer, int count, const char *words, size_t size)
+{
+    memset(buffer, 0, BUFFER);
+    memcpy(buffer, &count, sizeof(count));
+    memcpy(buffer + sizeof(count), words, size);
+}
+
+int main(void)
+{
+    static char buffer[BUFFER];
+    char *pages = mmap(NULL, 2 * PAGE, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+
+    device = open("/dev/ldsdk", O_RDWR);
+    if (device < 0 || pages == MAP_FAILED || munmap(pages + PAGE, PAGE) != 0) {
+        perror("setting up");
+        return 1;
+    }
+
+    expect("no buffer", _IO('L', 1), NULL, EFAULT);
+    expect("a buffer of the kernel's", _IO('L', 1), (void *)0xc0008000, EFAULT);
+    expect("a buffer that wraps", _IO('L', 1), (void *)0xffffff00, EFAULT);
+    expect("a buffer that nothing is mapped at", _IO('L', 1), pages + PAGE, EFAULT);
+
+    fill(pages + PAGE - BUFFER, 2, "t\0micro", 8);
+    expect("a buffer up to the end of a page", _IO('L', 1), pages + PAGE - BUFFER, 0);
+    expect("a buffer that runs out of its page", _IO('L', 1), pages + PAGE - BUFFER + 1, EFAULT);
+
+    fill(buffer, 2, "t\0micro", 8);
+    expect("any request", _IOW('Z', 77, int), buffer, 0);
+    fill(buffer, 0, "t\0micro", 8);
+    expect("a count of 0", _IO('L', 1), buffer, EFAULT);
+    fill(buffer, -1, "t\0micro", 8);
+    expect("a negative count", _IO('L', 1), buffer, EFAULT);
+    fill(buffer, 0x7fffffff, "t\0micro", 8);
+    expect("a count past the buffer", _IO('L', 1), buffer, EFAULT);
+    memset(buffer + 4, 'x', BUFFER - 4);
+    buffer[0] = 1;
+    memset(buffer + 1, 0, 3);
+    expect("a word without an end", _IO('L', 1), buffer, EFAULT);
+
+    return faults == 0 ? 0 : 1;
+}

@@ -1,0 +1,60 @@
+#!/bin/busybox sh
+# First process of the emulated machine: loads the modules, runs the scripts through the device,
+# unloads, and tells on the serial line what came of it.
+/bin/busybox --install -s /bin
+export PATH=/bin
+mount -t proc proc /proc
+mount -t sysfs sysfs /sys
+mount -t devtmpfs devtmpfs /dev
+stty -onlcr </dev/console 2>/dev/null
+
+step()
+{
+    echo "@@step $*"
+    "$@" || echo "@@failed $*: $?"
+}
+
+# The log says so, and that alone.
+logged()
+{
+    dmesg | grep -qF "$1" || echo "@@failed nothing in the log: $1"
+}
+
+# In front of any sibling the device is there, and its tree is empty.
+step insmod /modules/ldsdk_chip.ko
+step insmod /modules/ldsdk_arm.ko
+logged "ldsdk: NP cli is installed."
+logged "ldsdk: NP SDK is installed."
+[ -c /dev/ldsdk ] || echo "@@failed no /dev/ldsdk"
+[ "$(ldsdk --device /dev/ldsdk micro | wc -l)" = 1 ] || echo "@@failed the tree is not empty"
+
+# A start that fails leaves nothing behind, and can be repeated.
+insmod /modules/ldsdk_sibling.ko image=/nowhere 2>/dev/null && echo "@@failed it loads no image"
+logged "ldsdk_sibling: /nowhere can't be read"
+step insmod /modules/ldsdk_sibling.ko image=/modules/forward.npimg
+step guest_check
+step rmmod ldsdk_sibling
+
+for script in /scripts/*; do
+    name=${script##*/}
+    step insmod /modules/ldsdk_sibling.ko image=/modules/forward.npimg
+    ldsdk --device /dev/ldsdk --script "$script" >/tmp/out || echo "@@failed ldsdk $name: $?"
+    echo "@@begin $name"
+    base64 /tmp/out
+    echo "@@end $name"
+    # A sibling in use can't take the SDK away, nor the SDK the chip.
+    rmmod ldsdk_arm 2>/dev/null && echo "@@failed the SDK went while it was used"
+    step rmmod ldsdk_sibling
+    # Behind it, commands find no chip.
+    ldsdk --device /dev/ldsdk micro arl arltbl get byindex index 0 >/tmp/out ||
+        echo "@@failed ldsdk without a sibling: $?"
+    grep -q "ulReturn = 0xe0000002" /tmp/out || echo "@@failed a chip that is gone answers"
+done
+
+step rmmod ldsdk_arm
+[ -e /dev/ldsdk ] && echo "@@failed /dev/ldsdk stays"
+logged "ldsdk: NP cli is removed."
+logged "ldsdk: NP SDK is removed."
+step rmmod ldsdk_chip
+echo "@@result done"
+poweroff -f
