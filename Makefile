@@ -1,7 +1,7 @@
 # Two commands: `make run` and `make test`. CMake with presets does the work underneath.
 SHELL := /bin/sh
 .DEFAULT_GOAL := build
-.PHONY: build run test bench lint fuzz arm arm-kernel status clean deps test-asan test-valgrind format
+.PHONY: build run test bench lint fuzz arm arm-kernel replay status clean deps test-asan test-valgrind format
 
 JOBS ?= $(shell nproc)
 
@@ -17,7 +17,7 @@ run: build
 	@if [ -t 0 ] && [ -t 1 ]; then interactive=--interactive; fi; \
 	    build/bin/ldsdk --echo --script examples/scripts/access-node.ldsdk $$interactive
 
-test: build arm
+test: build arm replay
 	@cmake/deps.sh kernel
 	@ctest --test-dir build --output-on-failure --parallel $(JOBS)
 
@@ -25,6 +25,11 @@ test: build arm
 arm: deps
 	@cmake --preset arm >/dev/null
 	@cmake --build build/arm --parallel $(JOBS)
+
+# The fuzzers as replays of their corpora, under sanitizers.
+replay: deps
+	@cmake --preset replay >/dev/null
+	@cmake --build build/replay --parallel $(JOBS)
 
 # The real module, loaded and driven in an emulated ARM machine (docs/kernel-module.md).
 arm-kernel: build arm
@@ -47,12 +52,13 @@ format:
 
 # Each fuzzer for FUZZ_SECONDS. Inputs that found something new stay in build/fuzz/corpus.
 FUZZ_SECONDS ?= 60
+FUZZERS ?= $(shell sed -n 's/^set(FUZZERS \(.*\))/\1/p' fuzz/list.cmake)
 fuzz:
 	@cmake/deps.sh
 	@cmake/deps.sh fuzz
 	@cmake --preset fuzz >/dev/null
 	@cmake --build build/fuzz --parallel $(JOBS)
-	@for name in command image assembler; do \
+	@for name in $(FUZZERS); do \
 	    mkdir -p build/fuzz/corpus/$$name && \
 	    build/fuzz/bin/fuzz_$$name -max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 -verbosity=0 \
 	        build/fuzz/corpus/$$name fuzz/corpus/$$name || exit 1; \

@@ -315,6 +315,9 @@ uint32_t Np_tarn_EML_ItemDel_SmemProcess(uint32_t ulChipID, uint32_t ulTableID, 
     }
     // The item is gone, whatever becomes of the cache.
     ulReturn = Np_Tarn_EML_SmemWriteReadCacheRefresh(ulChipID, pstConfig->ulSmemID);
+    NP_EML_REFUSE(ulIndex >= pstConfig->ulItemNum, NP_ERR_SMEM_OP,
+                  "[ERROR] the engine names a place outside the table! ulIndex=0x%08x\r\n",
+                  ulIndex);
     Np_ItemGone(ulChipID, ulTableID, ulIndex);
     return ulReturn;
 }
