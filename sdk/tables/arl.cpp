@@ -20,8 +20,7 @@ namespace {
 inline constexpr uint32_t NP_AD_BITS[NP_MAC_ITEM_WORDS] = {0xffffffff, 0x000fffff, 0, 0};
 inline constexpr uint32_t NP_KEY_BITS[NP_MAC_ITEM_WORDS] = {0, 0xfff00000, 0xffffffff, 0x0fffffff};
 
-inline constexpr uint32_t NP_COLLISION_TABLE = 72;  // register tables
-inline constexpr uint32_t NP_LEARN_STATE_TABLE = 96;
+inline constexpr uint32_t NP_COLLISION_TABLE = 72;  // register table
 
 // Bit 0 of this register: the global limit counts too.
 inline constexpr uint32_t NP_GLOBAL_LIMIT_REG = 0x7a101a40;
