@@ -60,8 +60,9 @@ fuzz:
 	@cmake --build build/fuzz --parallel $(JOBS)
 	@for name in $(FUZZERS); do \
 	    mkdir -p build/fuzz/corpus/$$name && \
+	    dict=fuzz/$$name.dict; \
 	    build/fuzz/bin/fuzz_$$name -max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 -verbosity=0 \
-	        build/fuzz/corpus/$$name fuzz/corpus/$$name || exit 1; \
+	        $$([ -f $$dict ] && echo -dict=$$dict) build/fuzz/corpus/$$name fuzz/corpus/$$name || exit 1; \
 	done
 
 # Without the Python example: its interpreter can't host the sanitizers' runtime. The null checks of

@@ -124,6 +124,10 @@ Module::Module()
     g_pFnNpIntLock = nullptr;
     g_pFnNpIntUnlock = nullptr;
     Np_PrintLevelInit();
+    g_ulNpSdkTraceTimes = 30;
+    g_ulNpSdkTraceFuncTimes = 20;
+    g_stNpSdkFuncEnable = 0;
+    g_stNpSdkFuncCount = 0;
     Os_HostIrqReset();
     Os_BusAttach(&model::bus());
     model::attach(0);
