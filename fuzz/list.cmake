@@ -3,7 +3,7 @@
 set(FUZZERS command image assembler receive disassembler response)
 set(WRAPPED_receive Qd_CPUTR_PacketReceive)
 set(WRAPPED_response Qd_RBA_CommandSend)
-set(MUTATIONS_command 20000)
+set(MUTATIONS_command 200000)
 set(MUTATIONS_image 20000)
 set(MUTATIONS_assembler 3000)
 set(MUTATIONS_receive 100000)

@@ -1,6 +1,7 @@
 // Runs a fuzzer's function without a fuzzing engine: over a corpus, then over mutations of it. For
 // compilers that have no engine, and for short runs that come out the same every time.
-// Usage: NAME CORPUS_FOLDER [MUTATIONS [SEED]]
+// Usage: NAME CORPUS_FOLDER [MUTATIONS [SEED [KEEP_FILE]]]
+// Each input is written to KEEP_FILE before it runs, so that the one that fails stays there.
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -97,30 +98,41 @@ class Mutator {
     std::mt19937 random_;
 };
 
+void run(const Bytes &bytes, const char *keep)
+{
+    if (keep != nullptr) {
+        std::ofstream file(keep, std::ios::binary | std::ios::trunc);
+        file.write(reinterpret_cast<const char *>(bytes.data()),
+                   static_cast<std::streamsize>(bytes.size()));
+    }
+    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+}
+
 }  // namespace
 
 int main(int argc, char **argv)
 {
     if (argc < 2) {
-        std::fprintf(stderr, "usage: %s CORPUS_FOLDER [MUTATIONS [SEED]]\n", argv[0]);
+        std::fprintf(stderr, "usage: %s CORPUS_FOLDER [MUTATIONS [SEED [KEEP_FILE]]]\n", argv[0]);
         return 2;
     }
     const unsigned long mutations = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 0;
     const unsigned long seed = argc > 3 ? std::strtoul(argv[3], nullptr, 10) : 1;
-    std::vector<Bytes> corpus = read_corpus(argv[1]);
+    const char *keep = argc > 4 ? argv[4] : nullptr;
+    const std::vector<Bytes> corpus = read_corpus(argv[1]);
     if (corpus.empty()) {
         std::fprintf(stderr, "%s: no inputs\n", argv[1]);
         return 1;
     }
     for (const Bytes &bytes : corpus) {
-        LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+        run(bytes, keep);
     }
     // An exact copy on the heap, so that a byte too far is seen by those who look.
     Mutator mutator(static_cast<uint32_t>(seed));
     for (unsigned long i = 0; i < mutations; i++) {
         const Bytes bytes = mutator.mutate(corpus);
         const Bytes exact(bytes.begin(), bytes.end());
-        LLVMFuzzerTestOneInput(exact.data(), exact.size());
+        run(exact, keep);
     }
     std::printf("%zu inputs, %lu mutations\n", corpus.size(), mutations);
     return 0;
