@@ -28,10 +28,11 @@ MODULES = ("ldsdk_chip", "ldsdk_arm", "ldsdk_sibling")  # in the order of loadin
 SOURCES = ("include", "platform", "sdk", "chipmodel")
 MACHINE = ("qemu-system-arm -M virt,gic-version=2,highmem=off -cpu cortex-a15 -m 256 -nographic "
            "-no-reboot -nic none").split()
-# The log has to hold what one command prints.
-BOOT = "console=ttyAMA0 panic=-1 oops=panic loglevel=6 log_buf_len=8M rdinit=/init"
+# The log has to hold what one command prints; the allocator looks for bytes outside of blocks.
+BOOT = ("console=ttyAMA0 panic=-1 oops=panic loglevel=6 log_buf_len=8M slub_debug=FZP "
+        "rdinit=/init")
 BOOT_SECONDS = 600
-TROUBLE = re.compile(r"Internal error|Oops|BUG:|WARNING:|Unable to handle|Kernel panic|leak:|"
+TROUBLE = re.compile(r"Internal error|Oops|BUG[: ]|WARNING:|Unable to handle|Kernel panic|leak:|"
                      r"scheduling while atomic|possible recursive locking|rcu: INFO")
 
 

@@ -884,6 +884,11 @@ struct Walk {
     bool strict;  // with the chip's caches in the way
 };
 
+void PrintTo(const Walk &walk, std::ostream *stream)
+{
+    *stream << "table " << walk.table << ", " << walk.steps << " steps";
+}
+
 class EmlWalk : public EmlUp, public testing::WithParamInterface<Walk> {};
 
 INSTANTIATE_TEST_SUITE_P(Tables, EmlWalk,
