@@ -510,6 +510,62 @@ TEST(ToolDevice, StrangersAtTheSocketAreTold)
     ::close(listener);
 }
 
+// ---- the assembler's program
+// ----------------------------------------------------------------------
+
+TEST(ToolAsm, TakesWhatItPrints)
+{
+    const TempFolder folder;
+    const std::string image = folder.path("forward.npimg");
+    const std::string again = folder.path("again.npimg");
+    const std::string source = LDSDK_SOURCE_DIR "/examples/microcode/forward.npasm";
+    const Finished assembled = run({LDSDK_ASM, source, "-o", image});
+    EXPECT_EQ(assembled.status, 0);
+    EXPECT_EQ(assembled.out + assembled.err, "");
+    const Finished printed = run({LDSDK_ASM, "-d", image});
+    EXPECT_EQ(printed.status, 0);
+    EXPECT_THAT(printed.out, HasSubstr(".date \"2015\", \"01\", \"15\"\n"));
+    EXPECT_EQ(run({LDSDK_ASM, "-", "--output", again}, printed.out).status, 0);
+    const std::string bytes = run({"cat", image}).out;
+    EXPECT_EQ(bytes.size(), 1652u);
+    EXPECT_EQ(bytes, run({"cat", again}).out);
+    EXPECT_EQ(bytes, run({LDSDK_ASM, source, "-o", "-"}).out);
+}
+
+TEST(ToolAsm, WrongInputLeavesNoFile)
+{
+    const TempFolder folder;
+    const std::string image = folder.path("image");
+    const std::string source = folder.write("bad.npasm", "        NOP\nfoo\n  BAR 1\n");
+    const std::string nowhere = folder.path("none/image");
+    const struct {
+        std::vector<std::string> arguments;
+        int status;
+        std::vector<std::string> said;
+    } cases[] = {
+        {{source, "-o", image}, 1, {source + ":2:1: ", "\"foo\"", source + ":3:3: "}},
+        {{folder.path("none"), "-o", image},
+         1,
+         {"ldsdk-asm: " + folder.path("none") + ": No such"}},
+        {{folder.path(""), "-o", image}, 1, {"Is a directory"}},
+        {{"/dev/null", "-o", nowhere}, 1, {"ldsdk-asm: " + nowhere + ": No such"}},
+        {{source}, 2, {"-o IMAGE"}},
+        {{}, 2, {"FILE is required"}},
+        {{source, "-x"}, 2, {"-x"}},
+    };
+    for (const auto &[arguments, status, said] : cases) {
+        std::vector<std::string> line = {LDSDK_ASM};
+        line.insert(line.end(), arguments.begin(), arguments.end());
+        const Finished finished = run(line);
+        EXPECT_EQ(finished.status, status);
+        EXPECT_EQ(finished.out, "");
+        for (const std::string &text : said) {
+            EXPECT_THAT(finished.err, HasSubstr(text));
+        }
+        EXPECT_EQ(run({"ls", folder.path("")}).out, "bad.npasm\n");
+    }
+}
+
 }  // namespace
 
 }  // namespace ldsdk::test

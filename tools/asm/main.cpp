@@ -57,7 +57,7 @@ void write_file(const std::string &name, const std::string &content)
     const std::string part = name + ".part" + std::to_string(::getpid());
     std::ofstream file(part, std::ios::binary);
     if (!file || !(file << content).flush()) {
-        const std::runtime_error error = file_error(part);
+        const std::runtime_error error = file_error(name);
         std::remove(part.c_str());
         throw error;
     }
