@@ -1,5 +1,7 @@
 #include "chipmodel/fault.h"
 
+#include "chipmodel/line.h"
+
 namespace ldsdk::model {
 
 namespace {
@@ -287,6 +289,44 @@ void faults_clear()
 uint32_t faults_count()
 {
     return g_faults.count;
+}
+
+uint32_t fault_format(uint32_t index, char *buffer, size_t size)
+{
+    if (index >= g_faults.count) {
+        return kErrParam;
+    }
+    const Fault &fault = g_faults.rows[index];
+    const bool rba = fault.op == Op::Qd_RBA_CommandSend;
+    Line line(buffer, size);
+    line.add("%s", rba ? "rba" : op_info(fault.op).name);
+    if (fault.command != RbaOp::kUnknown) {
+        line.add(" op=%s", rba_op_name(fault.command));
+    }
+    line.add(" nth=%llu count=%llu", static_cast<unsigned long long>(fault.nth),
+             static_cast<unsigned long long>(fault.count));
+    if (fault.status || fault.op < Op::kDriverOpNum) {
+        line.add(" %s=0x%x", fault.status ? "status" : "code", static_cast<unsigned>(fault.value));
+    }
+    line.add(" calls=%llu", static_cast<unsigned long long>(fault.seen));
+    return kOk;
+}
+
+void fault_error_format(const char *text, const FaultError &error, char *buffer, size_t size)
+{
+    int length = 0;
+    while (error.at[length] != '\0' && error.at[length] != ';' && !is_blank(error.at[length])) {
+        length++;
+    }
+    Line line(buffer, size);
+    line.add("%s at ", error.reason);
+    if (length == 0) {
+        line.add("the end");
+    }
+    else {
+        line.add("\"%.*s\"", length, error.at);
+    }
+    line.add(" (column %u)", static_cast<unsigned>(error.at - text + 1));
 }
 
 FaultHit fault_check(Op op, RbaOp command)

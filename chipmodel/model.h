@@ -159,5 +159,11 @@ bool faults_set(const char *text, FaultError *error);
 void faults_clear();
 // Faults that are set, spent ones included.
 uint32_t faults_count();
+// Writes a fault as text that faults_set takes, with all that it left out, and "calls=" and the
+// calls that it has counted behind it: "rba op=write nth=3 count=1 code=0xe0000006 calls=2".
+// kErrParam past the last. 128 bytes hold any.
+uint32_t fault_format(uint32_t index, char *buffer, size_t size);
+// Writes what was wrong with a text, cut to fit: "unknown operation at "Qd_Nothing" (column 1)".
+void fault_error_format(const char *text, const FaultError &error, char *buffer, size_t size);
 
 }  // namespace ldsdk::model

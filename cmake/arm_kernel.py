@@ -136,13 +136,12 @@ def build_modules(source, work, version):
 # ---- scripts -----------------------------------------------------------------------------------
 
 def collect_scripts(source, work):
-    """The lines that a loaded module can run: those of the model stay on the host."""
+    """The example scripts as they are, and two that are made: every command, every failure."""
     folder = work / "scripts"
     shutil.rmtree(folder, ignore_errors=True)
     folder.mkdir(parents=True)
     for path in sorted((source / "examples/scripts").glob("*.ldsdk")):
-        lines = [line for line in path.read_text().splitlines() if not line.startswith("chip ")]
-        (folder / path.name).write_text("\n".join(lines) + "\n")
+        shutil.copy(path, folder / path.name)
     page = (source / "docs/commands.md").read_text()
     lines = re.findall(r"^    (micro .*)$", page, re.M)
     if len(lines) < 50:
@@ -150,7 +149,22 @@ def collect_scripts(source, work):
     # Large commands ask for their fields first; then the same with prompts off.
     (folder / "every-command.ldsdk").write_text(
         "\n".join([*lines, "micro prompt off", *lines]) + "\n")
+    (folder / "failures.ldsdk").write_text("\n".join(failure_lines(source)) + "\n")
     return folder
+
+
+def failure_lines(source):
+    """Bring-up and tear-down with each driver function's first call failing, then allocations."""
+    operations = re.findall(r"X\((\w+), \d\)", (source / "chipmodel/ops_list.h").read_text())
+    if len(operations) < 40:
+        raise Failure("chipmodel/ops_list.h has too few functions")
+    faults = [f"{name} nth={nth} code=5" for name in operations for nth in (1, 2)]
+    faults += [f"alloc nth={nth}" for nth in range(1, 19)]
+    down, up = "micro dfx system destruct", "micro dfx system init"
+    lines = []
+    for fault in faults:
+        lines += [f"chip fault {fault}", down, up, "chip fault list", "chip fault clear", down, up]
+    return lines
 
 
 def run_on_host(host_build, scripts, out):
@@ -171,8 +185,9 @@ def pack_image(source, host_build, arm_build, work, tree, version):
     shutil.copy(source / "platform/linux/guest_init.sh", image / "init")
     (image / "init").chmod(0o755)
     run(CROSS + "strip", "-o", image / "bin/ldsdk", arm_build / "bin/ldsdk")
-    run(CROSS + "gcc", "-static", "-O1", "-Wall", "-Wextra", "-Werror", "-o",
-        image / "bin/guest_check", source / "platform/linux/guest_check.c")
+    run(CROSS + "gcc", "-static", "-O1", "-Wall", "-Wextra", "-Werror", "-I", source, "-I",
+        source / "include", "-o", image / "bin/guest_check",
+        source / "platform/linux/guest_check.c")
     for name in MODULES:
         run(CROSS + "strip", "--strip-debug", "-o", image / f"modules/{name}.ko",
             tree / f"{name}.ko")

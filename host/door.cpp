@@ -7,7 +7,6 @@
 #include "sdk/module/cli.h"
 
 #include <string>
-#include <string_view>
 
 using namespace ldsdk;
 
@@ -37,16 +36,6 @@ void load_module()
     if (Os_HostMisc(NP_CLI_DEVICE) == nullptr) {
         Np_ModuleInit();
     }
-}
-
-// "unknown operation at "Qd_Nothing" (column 1)"
-std::string describe(const char *text, const model::FaultError &error)
-{
-    std::string_view rest = error.at;
-    rest = rest.substr(0, rest.find_first_of(" \t;"));
-    const std::string where = rest.empty() ? "the end" : "\"" + std::string(rest) + "\"";
-    return std::string(error.reason) + " at " + where + " (column " +
-           std::to_string(error.at - text + 1) + ")";
 }
 
 }  // namespace
@@ -88,7 +77,9 @@ uint32_t ldsdk_model_fault(const char *description)
     if (model::faults_set(description, &error)) {
         return LDSDK_HOST_OK;
     }
-    g_fault_error = describe(description, error);
+    char said[160];
+    model::fault_error_format(description, error, said, sizeof(said));
+    g_fault_error = said;
     return LDSDK_HOST_DESCRIPTION;
 }
 

@@ -144,6 +144,18 @@ std::string example_image()
 
 std::string code_listing(uint32_t chip, uint32_t pc, uint32_t count)
 {
+    const auto word = [chip](uint32_t address) {
+        uint32_t value = 0;
+        if (ldsdk_model_peek(chip, address, &value) != LDSDK_HOST_OK) {
+            throw std::runtime_error("chip " + std::to_string(chip) + " is not attached");
+        }
+        return value;
+    };
+    return code_listing(word, pc, count);
+}
+
+std::string code_listing(const WordReader &word, uint32_t pc, uint32_t count)
+{
     if (pc >= NP_PC_NUM) {
         throw std::runtime_error("PC " + std::to_string(pc) + "; expected 0 to " +
                                  std::to_string(NP_PC_NUM - 1));
@@ -157,9 +169,7 @@ std::string code_listing(uint32_t chip, uint32_t pc, uint32_t count)
         if (at == pc || slot == 0) {
             const uint32_t address = NP_IMEM_BASE + at / NP_GROUP_INSTR * NP_GROUP_SIZE;
             for (uint32_t i = 0; i < NP_GROUP_WORDS; i++) {
-                if (ldsdk_model_peek(chip, address + 4 * i, &group[i]) != LDSDK_HOST_OK) {
-                    throw std::runtime_error("chip " + std::to_string(chip) + " is not attached");
-                }
+                group[i] = word(address + 4 * i);
             }
             const uint32_t ecc = Np_Micro_GroupEccGet(group.data());
             const bool right = ecc == group[NP_GROUP_ECC_WORD];

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -30,5 +31,8 @@ std::string example_image();
 // end of the memory. Throws std::runtime_error for a chip that is not there and a PC that the
 // memory does not have.
 std::string code_listing(uint32_t chip, uint32_t pc, uint32_t count);
+// The same with words of chip memory from elsewhere, by address.
+using WordReader = std::function<uint32_t(uint32_t address)>;
+std::string code_listing(const WordReader &word, uint32_t pc, uint32_t count);
 
 }  // namespace ldsdk::host

@@ -1,5 +1,6 @@
 // The slave bus, faults at both doors, and the journal of what crossed them.
 
+#include "chipmodel/debug.h"
 #include "tests/model_support.h"
 
 #include <cstring>
@@ -266,6 +267,122 @@ TEST_F(FaultTest, MistakesAreNamedAndAddNothing)
     EXPECT_TRUE(model::faults_set("clear; rba code=2", nullptr));
     EXPECT_EQ(1u, model::faults_count());
     EXPECT_TRUE(model::faults_set(nullptr, nullptr));
+    EXPECT_EQ(0u, model::faults_count());
+}
+
+TEST_F(FaultTest, AFaultIsToldAsATextThatMakesIt)
+{
+    const std::pair<const char *, const char *> rows[] = {
+        {"rba op=write nth=2 status=2", "rba op=write nth=2 count=1 status=0x2"},
+        {"semaphore count=8", "rba op=search_update_build nth=1 count=8 status=0x5"},
+        {"Qd_PBA_AtomModeSet count=0 code=0x77", "Qd_PBA_AtomModeSet nth=1 count=0 code=0x77"},
+        {"Qd_OE_StatGet nth=4294967295", "Qd_OE_StatGet nth=4294967295 count=1 code=0xe0000006"},
+        {"alloc nth=3", "alloc nth=3 count=1"},
+        {"bus busy", "bus nth=1 count=0"},
+    };
+    char text[128];
+    for (const auto &[given, told] : rows) {
+        for (const char *way : {given, told}) {
+            ASSERT_TRUE(model::faults_set("clear", nullptr) && model::faults_set(way, nullptr));
+            ASSERT_EQ(0u, model::fault_format(0, text, sizeof text));
+            EXPECT_EQ(std::string(told) + " calls=0", text);
+        }
+    }
+    EXPECT_EQ(model::kErrParam, model::fault_format(1, text, sizeof text));
+    ASSERT_TRUE(model::faults_set("clear; Qd_PBA_AtomModeSet nth=9", nullptr));
+    Qd_PBA_AtomModeSet(0, 0, 3);
+    ASSERT_EQ(0u, model::fault_format(0, text, 8));
+    EXPECT_STREQ("Qd_PBA_", text);
+    ASSERT_EQ(0u, model::fault_format(0, text, sizeof text));
+    EXPECT_NE(nullptr, std::strstr(text, " calls=1"));
+}
+
+// ---- the debug door as calls --------------------------------------------------------------------
+
+using DebugTest = ModelTest;
+
+// What a call answers, and the record behind it.
+std::pair<uint32_t, LdDebugCall> debug(LdDebugOp op, uint32_t number = 0, uint32_t value = 0,
+                                       const std::string &text = "")
+{
+    LdDebugCall call = {};
+    call.op = op;
+    call.number = number;
+    call.value = value;
+    text.copy(call.text, sizeof call.text);
+    const uint32_t status = Ld_Debug(&call);
+    return {status, call};
+}
+
+TEST_F(DebugTest, CallsReachTheModel)
+{
+    EXPECT_EQ(0u, debug(LD_DEBUG_POKE, 0x60200000, 0x12345678).first);
+    EXPECT_EQ(0x12345678u, debug(LD_DEBUG_PEEK, 0x60200000).second.value);
+    LdDebugCall advance = {};
+    advance.op = LD_DEBUG_ADVANCE;
+    advance.wide = 0x123456789;
+    EXPECT_EQ(0u, Ld_Debug(&advance));
+    EXPECT_EQ(0x123456789u, model::clock_now(0));
+
+    EXPECT_EQ(0u, debug(LD_DEBUG_FAULT_SET, 0, 0, "Qd_PBA_AtomModeSet code=5").first);
+    debug(LD_DEBUG_JOURNAL_CLEAR);
+    debug(LD_DEBUG_JOURNAL_SET, 0, 1);
+    EXPECT_EQ(5u, Qd_PBA_AtomModeSet(0, 0, 3));
+    debug(LD_DEBUG_JOURNAL_SET, 0, 0);
+    EXPECT_EQ(0u, Qd_PBA_AtomModeSet(0, 0, 3));
+    const LdDebugCall state = debug(LD_DEBUG_JOURNAL_STATE).second;
+    EXPECT_EQ(1u, state.number);
+    EXPECT_EQ(0u, state.value);
+    EXPECT_STREQ("4886718345 chip 0 Qd_PBA_AtomModeSet(0, 0x0, 0x3) = 0x5",
+                 debug(LD_DEBUG_JOURNAL_SHOW, 0).second.text);
+
+    const QdCputrAutoInfo info = {99, 0, 0};
+    const QdCputrSendPkt packet = {{1u << 29, 5}, 0, nullptr};
+    ASSERT_EQ(0u, Qd_CPUTR_AutoSendInfoSet(0, 18, &info, &packet));
+    ASSERT_EQ(0u, Qd_CPUTR_AutoSendChannelEnableSet(0, 18, 1));
+    const LdDebugCall channel = debug(LD_DEBUG_CHANNEL, 18).second;
+    EXPECT_EQ(1u, channel.value);
+    EXPECT_EQ(100u, channel.wide);
+    EXPECT_STRNE("", channel.text);
+    EXPECT_EQ(0u, debug(LD_DEBUG_ENGINE).second.value);
+    EXPECT_STREQ("heartbeats lost", debug(LD_DEBUG_STANDIN_COUNT, 10).second.text);
+}
+
+TEST_F(DebugTest, WrongCallsAreAnswered)
+{
+    const struct {
+        LdDebugOp op;
+        uint32_t number;
+        uint32_t status;
+    } rows[] = {
+        {LD_DEBUG_OP_NUM, 0, model::kErrNotModelled},
+        {LD_DEBUG_PEEK, 0xfffffffc, model::kErrAddress},
+        {LD_DEBUG_POKE, 0x60200001, model::kErrAddress},
+        {LD_DEBUG_FAULT_SHOW, 0, model::kErrParam},
+        {LD_DEBUG_JOURNAL_SHOW, 0x7fffffff, model::kErrParam},
+        {LD_DEBUG_FEED_SET, model::kAtomNum, model::kErrParam},
+        {LD_DEBUG_CHANNEL, 0, model::kErrEmpty},
+        {LD_DEBUG_CHANNEL, model::kAutoChannelNum, model::kErrParam},
+        {LD_DEBUG_SENT, 0, model::kErrParam},
+        {LD_DEBUG_STANDIN_COUNT, 11, model::kErrParam},
+    };
+    for (const auto &row : rows) {
+        EXPECT_EQ(row.status, debug(row.op, row.number).first) << row.op;
+    }
+    EXPECT_EQ(model::kErrNull, Ld_Debug(nullptr));
+    for (const LdDebugOp op : {LD_DEBUG_PEEK, LD_DEBUG_ADVANCE, LD_DEBUG_STANDIN_SET,
+                               LD_DEBUG_LOOP_SET, LD_DEBUG_SENT, LD_DEBUG_CHANNEL}) {
+        LdDebugCall call = {};
+        call.op = op;
+        call.chip = 7;
+        EXPECT_EQ(model::kErrNoChip, Ld_Debug(&call)) << op;
+    }
+    const auto [status, call] = debug(LD_DEBUG_FAULT_SET, 0, 0, "alloc; Qd_Nothing code=1");
+    EXPECT_EQ(model::kErrParam, status);
+    EXPECT_STREQ("unknown operation at \"Qd_Nothing\" (column 8)", call.text);
+    // A text without an end, of one long word, is cut.
+    EXPECT_EQ(model::kErrParam,
+              debug(LD_DEBUG_FAULT_SET, 0, 0, std::string(LD_DEBUG_TEXT, 'x')).first);
     EXPECT_EQ(0u, model::faults_count());
 }
 

@@ -106,7 +106,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Refusal{{"-d", "unix:/nowhere/x", "micro"}, 1, {"unix:/nowhere/x"}},
                     Refusal{{"-d", "/nowhere/x", "micro"}, 1, {"/nowhere/x", "No such file"}},
                     Refusal{{"-d", "/dev/null", "micro"}, 1, {"/dev/null", "ioctl"}},
-                    Refusal{{"-d", "/dev/null", "chip", "help"}, 1, {"/dev/null", "micro"}},
+                    Refusal{
+                        {"-d", "/dev/null", "chip", "peek", "0"}, 1, {"/dev/null_chip", "no chip"}},
+                    Refusal{{"-d", "/dev/null", "chip", "load", "x"}, 1, {"chip load", "serve"}},
                     Refusal{{"serve", "--socket", "/nowhere/x"}, 1, {"/nowhere/x"}},
                     Refusal{{"chip", "peek", "0x50000000"}, 1, {"chip 0", "0x50000000"}},
                     Refusal{{"chip", "select", "1"}, 1, {"chip 1", "not attached"}}));
@@ -198,8 +200,8 @@ TEST(ToolChip, JournalAndFaultsAreShown)
     EXPECT_EQ(finished.status, 0) << finished.err;
     EXPECT_EQ(finished.out,
               "0 of 0 records, 0 lost, recording on\n"
-              "rba op=write nth=3\n"
-              "alloc\n"
+              "rba op=write nth=3 count=1 code=0xe0000006 calls=0\n"
+              "alloc nth=1 count=1 calls=0\n"
               "0 of 0 records, 0 lost, recording off\n");
 }
 

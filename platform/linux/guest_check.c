@@ -1,5 +1,7 @@
-/* What the command device answers to buffers that no tool would send. Run inside the emulated
-   machine, with the modules loaded; exits 0 when every answer is right. */
+/* What the command device and the chip's debug door answer to what no tool would send. Run inside
+   the emulated machine, with the modules loaded; exits 0 when every answer is right. */
+#include "chipmodel/debug.h"
+
 #include <errno.h>
 #include <fcntl.h>
 #include <stdio.h>
@@ -21,6 +23,16 @@ static void expect(const char *what, unsigned long request, void *argument, int 
 
     if (answer != expected) {
         printf("%s: %s, expected %s\n", what, strerror(answer), strerror(expected));
+        faults++;
+    }
+}
+
+static struct LdDebugCall call;
+
+static void expect_result(const char *what, uint32_t result)
+{
+    if (call.result != result) {
+        printf("%s: 0x%08x, expected 0x%08x\n", what, call.result, result);
         faults++;
     }
 }
@@ -64,6 +76,29 @@ int main(void)
     buffer[0] = 1;
     memset(buffer + 1, 0, 3);
     expect("a word without an end", _IO('L', 1), buffer, EFAULT);
+
+    close(device);
+    device = open("/dev/ldsdk_chip", O_RDWR);
+    if (device < 0) {
+        perror("the chip's debug door");
+        return 1;
+    }
+    memset(&call, 0, sizeof(call));
+    call.op = LD_DEBUG_OP_NUM;
+    expect("no call", LD_DEBUG_REQUEST, NULL, EFAULT);
+    expect("a call that runs out of its page", LD_DEBUG_REQUEST, pages + PAGE - sizeof(call) + 8,
+           EFAULT);
+    expect("another request", _IO('L', 2), &call, ENOTTY);
+    expect("an unknown call", LD_DEBUG_REQUEST, &call, 0);
+    expect_result("an unknown call", 0xe0000001);
+    memset(call.text, 'x', sizeof(call.text));
+    call.op = LD_DEBUG_FAULT_SET;
+    expect("a text without an end", LD_DEBUG_REQUEST, &call, 0);
+    expect_result("a text without an end", 0xe0000004);
+    call.op = LD_DEBUG_PEEK;
+    call.number = 0xfffffffc;
+    expect("a wild address", LD_DEBUG_REQUEST, &call, 0);
+    expect_result("a wild address", 0xe0000003);
 
     return faults == 0 ? 0 : 1;
 }

@@ -34,9 +34,17 @@ logged "ldsdk_sibling: /nowhere can't be read"
 step insmod /modules/ldsdk_sibling.ko image=/modules/forward.npimg
 step guest_check
 step rmmod ldsdk_sibling
+step rmmod ldsdk_arm
+[ -e /dev/ldsdk ] && echo "@@failed /dev/ldsdk stays"
+logged "ldsdk: NP cli is removed."
+logged "ldsdk: NP SDK is removed."
+step rmmod ldsdk_chip
 
+# Each script begins with a chip of its own.
 for script in /scripts/*; do
     name=${script##*/}
+    step insmod /modules/ldsdk_chip.ko
+    step insmod /modules/ldsdk_arm.ko
     step insmod /modules/ldsdk_sibling.ko image=/modules/forward.npimg
     ldsdk --device /dev/ldsdk --script "$script" >/tmp/out || echo "@@failed ldsdk $name: $?"
     echo "@@begin $name"
@@ -49,12 +57,8 @@ for script in /scripts/*; do
     ldsdk --device /dev/ldsdk micro arl arltbl get byindex index 0 >/tmp/out ||
         echo "@@failed ldsdk without a sibling: $?"
     grep -q "ulReturn = 0xe0000002" /tmp/out || echo "@@failed a chip that is gone answers"
+    step rmmod ldsdk_arm
+    step rmmod ldsdk_chip
 done
-
-step rmmod ldsdk_arm
-[ -e /dev/ldsdk ] && echo "@@failed /dev/ldsdk stays"
-logged "ldsdk: NP cli is removed."
-logged "ldsdk: NP SDK is removed."
-step rmmod ldsdk_chip
 echo "@@result done"
 poweroff -f

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <utility>
 
 namespace ldsdk::tool {
 
@@ -80,11 +79,11 @@ std::string plural(uint64_t count, const char *what)
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-std::string decoded(const uint32_t head[2], const uint8_t *data, uint32_t length)
+// Sets a switch that the selected chip has.
+void switch_set(ChipSession &session, LdDebugOp op, bool on)
 {
-    char text[512];
-    model::packet_format(head, data, length, text, sizeof text);
-    return text;
+    LdDebugCall call = debug_call(op, 0, on ? 1u : 0);
+    session.ask(call);
 }
 
 }  // namespace
@@ -115,84 +114,71 @@ void save_capture(ChipSession &session, Arguments arguments, Output &output)
 
 void show_channels(ChipSession &session, Arguments, Output &output)
 {
-    const uint32_t chip = session.selected();
-    output.write(std::string("auto-send engine ") +
-                 (model::auto_send_enabled(chip) ? "on" : "off") + "\n");
+    LdDebugCall engine = debug_call(LD_DEBUG_ENGINE);
+    session.ask(engine);
+    output.write(std::string("auto-send engine ") + (engine.value != 0 ? "on" : "off") + "\n");
     for (uint32_t number = 0; number < model::kAutoChannelNum; number++) {
-        model::AutoChannel channel = {};
-        if (model::auto_channel_get(chip, number, &channel) != 0 || !channel.set) {
+        LdDebugCall channel = debug_call(LD_DEBUG_CHANNEL, number);
+        if (session.ask(channel) != model::kOk) {
             continue;
         }
         char text[96];
         std::snprintf(text, sizeof text, "%3u %-3s period %llu count %u: ", number,
-                      channel.on ? "on" : "off", static_cast<unsigned long long>(channel.period),
-                      channel.count);
-        output.write(text + decoded(channel.head, channel.body, channel.length) + "\n");
+                      channel.value != 0 ? "on" : "off",
+                      static_cast<unsigned long long>(channel.wide), channel.number);
+        output.write(std::string(text) + channel.text + "\n");
     }
 }
 
 void show_sent(ChipSession &session, Arguments arguments, Output &output)
 {
-    const uint32_t chip = session.selected();
     const uint64_t wanted =
         arguments.empty()
             ? kShownPackets
             : read_number("chip sent", arguments[0], "a number of packets", 1, model::kSendPackets);
-    const uint32_t held = model::sent_count(chip);
+    LdDebugCall count = debug_call(LD_DEBUG_SENT_COUNT);
+    session.ask(count);
+    const uint32_t held = count.number;
     for (auto index = held - static_cast<uint32_t>(std::min<uint64_t>(held, wanted)); index < held;
          index++) {
-        model::Packet packet = {};
-        model::sent_get(chip, index, &packet);
+        LdDebugCall packet = debug_call(LD_DEBUG_SENT, index);
+        session.ask(packet);
         char text[64];
         std::snprintf(text, sizeof text,
-                      "%llu %u bytes: ", static_cast<unsigned long long>(packet.tick),
-                      packet.length);
-        output.write(text + decoded(packet.head, packet.data, packet.length) + "\n");
+                      "%llu %u bytes: ", static_cast<unsigned long long>(packet.wide),
+                      packet.value);
+        output.write(std::string(text) + packet.text + "\n");
     }
 }
 
 void standin_on(ChipSession &session, Arguments, Output &)
 {
-    model::standin_set(session.selected(), true);
+    switch_set(session, LD_DEBUG_STANDIN_SET, true);
 }
 
 void standin_off(ChipSession &session, Arguments, Output &)
 {
-    model::standin_set(session.selected(), false);
+    switch_set(session, LD_DEBUG_STANDIN_SET, false);
 }
 
 void standin_show(ChipSession &session, Arguments, Output &output)
 {
-    model::StandinCounts counts = {};
-    model::standin_counts_get(session.selected(), &counts);
-    const std::pair<const char *, uint32_t> rows[] = {
-        {"packets", counts.packets},
-        {"messages", counts.messages},
-        {"unknown", counts.unknown},
-        {"looped", counts.looped},
-        {"learned", counts.learned},
-        {"learn refused", counts.learn_refused},
-        {"age walks", counts.age_walks},
-        {"aged", counts.aged},
-        {"force aged", counts.force_aged},
-        {"heartbeats", counts.heartbeats},
-        {"heartbeats lost", counts.heartbeats_lost},
-    };
-    for (const auto &[name, value] : rows) {
+    for (LdDebugCall row = debug_call(LD_DEBUG_STANDIN_COUNT); session.ask(row) == model::kOk;
+         row.number++) {
         char text[48];
-        std::snprintf(text, sizeof text, "%-15s %u\n", name, value);
+        std::snprintf(text, sizeof text, "%-15.24s %u\n", row.text, row.value);
         output.write(text);
     }
 }
 
 void loop_on(ChipSession &session, Arguments, Output &)
 {
-    model::standin_loop_set(session.selected(), true);
+    switch_set(session, LD_DEBUG_LOOP_SET, true);
 }
 
 void loop_off(ChipSession &session, Arguments, Output &)
 {
-    model::standin_loop_set(session.selected(), false);
+    switch_set(session, LD_DEBUG_LOOP_SET, false);
 }
 
 }  // namespace ldsdk::tool

@@ -18,7 +18,7 @@ constexpr unsigned long kRequest = _IO('L', 1);
 }  // namespace
 
 CharDevice::CharDevice(const std::string &path)
-    : path_(path), fd_(::open(path.c_str(), O_RDWR | O_CLOEXEC))
+    : path_(path), fd_(::open(path.c_str(), O_RDWR | O_CLOEXEC)), model_(path), session_(model_)
 {
     if (!fd_.valid()) {
         throw system_error(path_, errno);
@@ -54,11 +54,26 @@ void CharDevice::device(const CommandBuffer &buffer, Output &output)
     }
 }
 
-void CharDevice::chip(std::span<const std::string>, Output &)
+uint32_t DeviceModel::call(LdDebugCall &call)
 {
-    throw failed("chip: " + path_ +
-                 " is a loaded module; expected a command that begins with micro, as there is no "
-                 "chip model behind it");
+    if (!fd_.valid()) {
+        fd_ = Fd(::open(path_.c_str(), O_RDWR | O_CLOEXEC));
+    }
+    if (!fd_.valid() && errno == ENOENT) {
+        throw failed("chip: there is no " + path_ + ", so no chip model behind " + device_);
+    }
+    if (!fd_.valid()) {
+        throw system_error(path_, errno);
+    }
+    if (::ioctl(fd_.get(), LD_DEBUG_REQUEST, &call) < 0) {
+        throw system_error(path_ + ": the ioctl fails", errno);
+    }
+    return call.result;
+}
+
+void CharDevice::chip(std::span<const std::string> words, Output &output)
+{
+    session_.run(words, output);
 }
 
 std::vector<NextWord> CharDevice::next_words(std::span<const std::string> path)

@@ -46,10 +46,10 @@ uint32_t read_address(const std::string &command, const std::string &word)
 // Turns what the model answered about an address into an error.
 void check_access(uint32_t status, const std::string &command, uint32_t chip, uint32_t address)
 {
-    if (status == LDSDK_HOST_OK) {
+    if (status == model::kOk) {
         return;
     }
-    if (status == LDSDK_HOST_CHIP) {
+    if (status == model::kErrNoChip) {
         throw failed(command + ": chip " + std::to_string(chip) + " is not attached");
     }
     throw failed(command + ": chip " + std::to_string(chip) + " has nothing at " + hex32(address));
@@ -57,7 +57,6 @@ void check_access(uint32_t status, const std::string &command, uint32_t chip, ui
 
 void peek(ChipSession &session, Arguments arguments, Output &output)
 {
-    const uint32_t chip = session.selected();
     const uint32_t first = read_address("chip peek", arguments[0]);
     const uint64_t count = arguments.size() < 2 ? 1
                                                 : read_number("chip peek", arguments[1],
@@ -70,8 +69,7 @@ void peek(ChipSession &session, Arguments arguments, Output &output)
     }
     std::vector<uint32_t> values(count);
     for (uint32_t i = 0; i < count; i++) {
-        check_access(ldsdk_model_peek(chip, first + 4 * i, &values[i]), "chip peek", chip,
-                     first + 4 * i);
+        values[i] = session.peek("chip peek", first + 4 * i);
     }
     for (uint32_t i = 0; i < count; i++) {
         char text[24];
@@ -87,85 +85,97 @@ void peek(ChipSession &session, Arguments arguments, Output &output)
 
 void poke(ChipSession &session, Arguments arguments, Output &)
 {
-    const uint32_t chip = session.selected();
     const uint32_t address = read_address("chip poke", arguments[0]);
     const auto value = static_cast<uint32_t>(
         read_number("chip poke", arguments[1], "a 32-bit value", 0, kMaxWord));
-    check_access(ldsdk_model_poke(chip, address, value), "chip poke", chip, address);
+    LdDebugCall call = debug_call(LD_DEBUG_POKE, address, value);
+    check_access(session.ask(call), "chip poke", session.selected(), address);
 }
 
 void advance(ChipSession &session, Arguments arguments, Output &)
 {
     const uint64_t ticks =
         read_number("chip advance", arguments[0], "a number of 0.1 ms ticks", 0, UINT64_MAX);
-    check_access(ldsdk_model_advance(session.selected(), ticks), "chip advance", session.selected(),
-                 0);
+    LdDebugCall call = debug_call(LD_DEBUG_ADVANCE, 0, 0, ticks);
+    check_access(session.ask(call), "chip advance", session.selected(), 0);
 }
 
-void journal_on(ChipSession &, Arguments, Output &)
+void journal_set(ChipSession &session, bool on)
 {
-    model::journal_enable(true);
+    LdDebugCall call = debug_call(LD_DEBUG_JOURNAL_SET, 0, on ? 1u : 0);
+    session.ask(call);
 }
 
-void journal_off(ChipSession &, Arguments, Output &)
+void journal_on(ChipSession &session, Arguments, Output &)
 {
-    model::journal_enable(false);
+    journal_set(session, true);
 }
 
-void journal_clear(ChipSession &, Arguments, Output &)
+void journal_off(ChipSession &session, Arguments, Output &)
 {
-    model::journal_clear();
+    journal_set(session, false);
 }
 
-void journal_show(ChipSession &, Arguments arguments, Output &output)
+void journal_clear(ChipSession &session, Arguments, Output &)
+{
+    LdDebugCall call = debug_call(LD_DEBUG_JOURNAL_CLEAR);
+    session.ask(call);
+}
+
+void journal_show(ChipSession &session, Arguments arguments, Output &output)
 {
     const uint64_t wanted = arguments.empty()
                                 ? kShownRecords
                                 : read_number("chip journal show", arguments[0],
                                               "a number of records", 1, model::kJournalSize);
-    const uint32_t held = model::journal_count();
+    LdDebugCall state = debug_call(LD_DEBUG_JOURNAL_STATE);
+    session.ask(state);
+    const uint32_t held = state.number;
     const auto shown = static_cast<uint32_t>(std::min<uint64_t>(held, wanted));
-    char text[192];
     for (uint32_t i = held - shown; i < held; i++) {
-        model::journal_format(*model::journal_record(i), text, sizeof text);
-        output.write(text);
-        output.write("\n");
+        LdDebugCall record = debug_call(LD_DEBUG_JOURNAL_SHOW, i);
+        session.ask(record);
+        output.write(std::string(record.text) + "\n");
     }
+    char text[96];
     std::snprintf(text, sizeof text, "%u of %u records, %llu lost, recording %s\n", shown, held,
-                  static_cast<unsigned long long>(model::journal_lost()),
-                  model::journal_enabled() ? "on" : "off");
+                  static_cast<unsigned long long>(state.wide), state.value != 0 ? "on" : "off");
     output.write(text);
 }
 
-// Texts of the faults that are set: the model keeps what it made of them, not the texts.
-std::vector<std::string> &fault_texts()
+// Throws what the model says of a text.
+void fault_text(ChipSession &session, const std::string &text)
 {
-    static std::vector<std::string> texts;
-    return texts;
+    LdDebugCall call = debug_call(LD_DEBUG_FAULT_SET);
+    if (text.size() >= sizeof call.text) {
+        throw usage("chip fault: " + std::to_string(text.size()) + " bytes; expected at most " +
+                    std::to_string(sizeof call.text - 1));
+    }
+    text.copy(call.text, text.size());
+    if (session.ask(call) != model::kOk) {
+        throw usage("chip fault: " + std::string(call.text));
+    }
 }
 
-void fault_set(ChipSession &, Arguments arguments, Output &)
+void fault_set(ChipSession &session, Arguments arguments, Output &)
 {
     std::string text;
     for (const std::string &word : arguments) {
         text += (text.empty() ? "" : " ") + word;
     }
-    if (ldsdk_model_fault(text.c_str()) != LDSDK_HOST_OK) {
-        throw usage("chip fault: " + std::string(ldsdk_model_error()));
-    }
-    fault_texts().push_back(std::move(text));
+    fault_text(session, text);
 }
 
-void fault_clear(ChipSession &, Arguments, Output &)
+void fault_clear(ChipSession &session, Arguments, Output &)
 {
-    ldsdk_model_fault(nullptr);
-    fault_texts().clear();
+    fault_text(session, "clear");
 }
 
-void fault_list(ChipSession &, Arguments, Output &output)
+void fault_list(ChipSession &session, Arguments, Output &output)
 {
-    for (const std::string &text : fault_texts()) {
-        output.write(text + "\n");
+    for (LdDebugCall call = debug_call(LD_DEBUG_FAULT_SHOW); session.ask(call) == model::kOk;
+         call.number++) {
+        output.write(std::string(call.text) + "\n");
     }
 }
 
@@ -204,6 +214,7 @@ struct ChipCommand {
     const char *help;
     void (*run)(ChipSession &, Arguments, Output &);
     std::vector<NextWord> (*words)() = nullptr;  // what the first argument can be
+    bool here = false;  // calls the module too, so both must be in this process
 };
 
 constexpr size_t kAnyNumber = SIZE_MAX;
@@ -222,14 +233,17 @@ constexpr ChipCommand kCommands[] = {
     {"fault", nullptr, "OPERATION [WORD...]", 1, kAnyNumber,
      "make calls fail: Qd_PBA_AtomModeSet nth=1 code=5", fault_set},
     {"load", "online", "FILE [ATOMS]", 1, 2,
-     "replace the microcode of running atoms, all or those of a bitmap", load_code_online},
-    {"load", nullptr, "FILE", 1, 1, "load a microcode image", load_code},
+     "replace the microcode of running atoms, all or those of a bitmap", load_code_online, nullptr,
+     true},
+    {"load", nullptr, "FILE", 1, 1, "load a microcode image", load_code, nullptr, true},
     {"disasm", nullptr, "PC [COUNT]", 1, 2, "show instructions, 16 by default", show_code},
     {"traffic", "on", "", 0, 0, "packets for every thread that waits for one", traffic_on},
     {"traffic", "off", "", 0, 0, "no more packets", traffic_off},
     {"inject", nullptr, "FILE [PORT]", 1, 2,
-     "feed the frames of a capture to the receive side, as from port fe:0", inject_capture},
-    {"capture", nullptr, "FILE", 1, 1, "write what the host sent to a capture", save_capture},
+     "feed the frames of a capture to the receive side, as from port fe:0", inject_capture, nullptr,
+     true},
+    {"capture", nullptr, "FILE", 1, 1, "write what the host sent to a capture", save_capture,
+     nullptr, true},
     {"sent", nullptr, "[N]", 0, 1, "show the last N packets that the host sent, 20 by default",
      show_sent},
     {"channels", nullptr, "", 0, 0, "show the auto-send channels", show_channels},
@@ -239,16 +253,18 @@ constexpr ChipCommand kCommands[] = {
     {"loop", "on", "", 0, 0, "send inserted packets back to the host", loop_on},
     {"loop", "off", "", 0, 0, "keep them", loop_off},
     {"lookup", "eml", "TABLE KEYHEX", 2, 2,
-     "what the microcode finds in a hash table, key byte 0 first", lookup_eml, eml_table_words},
+     "what the microcode finds in a hash table, key byte 0 first", lookup_eml, eml_table_words,
+     true},
     {"lookup", "lcam", "TABLE KEYHEX", 2, 2, "what it finds in a local CAM table, key byte 0 first",
-     lookup_lcam, lcam_table_words},
+     lookup_lcam, lcam_table_words, true},
     {"show", "eml", "TABLE", 1, 1, "draw which items of a hash table are in use", show_eml,
-     eml_table_words},
+     eml_table_words, true},
     {"show", "lcam", "TABLE", 1, 1, "draw which entries of a local CAM table are in use", show_lcam,
-     lcam_table_words},
+     lcam_table_words, true},
     {"select", nullptr, "N", 1, 1, "choose the chip that these commands mean, 0 at first",
      select_chip},
-    {"attach", nullptr, "N", 1, 1, "power chip 1 to 3 on and register it as a slave", attach_slave},
+    {"attach", nullptr, "N", 1, 1, "power chip 1 to 3 on and register it as a slave", attach_slave,
+     nullptr, true},
     {"help", nullptr, "", 0, 0, "show this list", help},
 };
 
@@ -340,13 +356,25 @@ void ChipSession::run(std::span<const std::string> words, Output &output)
         throw usage(name + ": \"" + arguments[command->most] +
                     "\" is one word too many; expected " + usage_of(*command));
     }
+    if (command->here && !door_.between().empty()) {
+        throw failed(name + ": needs the module in this process, and there is " + door_.between() +
+                     " in between; expected no --device, or one of `ldsdk serve`");
+    }
     command->run(*this, arguments, output);
+}
+
+uint32_t ChipSession::peek(const std::string &command, uint32_t address)
+{
+    LdDebugCall call = debug_call(LD_DEBUG_PEEK, address);
+    check_access(ask(call), command, selected_, address);
+    return call.value;
 }
 
 void ChipSession::select(uint32_t chip)
 {
-    uint32_t value = 0;
-    if (ldsdk_model_peek(chip, 0, &value) == LDSDK_HOST_CHIP) {
+    LdDebugCall call = debug_call(LD_DEBUG_PEEK);
+    call.chip = chip;
+    if (door_.call(call) == model::kErrNoChip) {
         throw failed("chip select: chip " + std::to_string(chip) + " is not attached");
     }
     selected_ = chip;

@@ -1,7 +1,8 @@
-// The commands of the chip model. They act on the model in this process.
+// The commands of the chip model.
 #pragma once
 
 #include "tools/ldsdk/backend.h"
+#include "tools/ldsdk/model_door.h"
 
 #include <cstdint>
 
@@ -10,6 +11,8 @@ namespace ldsdk::tool {
 // One user of the model: which chip its commands mean.
 class ChipSession {
   public:
+    explicit ChipSession(ModelDoor &door = local_model()) : door_(door) {}
+
     // Runs a command line whose first word is "chip". Throws what is wrong with it.
     void run(std::span<const std::string> words, Output &output);
 
@@ -20,7 +23,17 @@ class ChipSession {
     // Throws unless the chip is attached.
     void select(uint32_t chip);
 
+    // Makes a call for the selected chip: 0, or the model's code.
+    uint32_t ask(LdDebugCall &call)
+    {
+        call.chip = selected_;
+        return door_.call(call);
+    }
+    // The same for a word of chip memory: throws, with the command's name, when there is none.
+    uint32_t peek(const std::string &command, uint32_t address);
+
   private:
+    ModelDoor &door_;
     uint32_t selected_ = 0;
 };
 

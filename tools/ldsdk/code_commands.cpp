@@ -1,6 +1,6 @@
 #include "tools/ldsdk/code_commands.h"
 
-#include "chipmodel/atom_door.h"
+#include "chipmodel/model.h"
 #include "host/image.h"
 #include "sdk/micro/group.h"
 #include "tools/ldsdk/error.h"
@@ -37,11 +37,13 @@ void check(const std::string &command, const std::string &file, uint32_t status)
     }
 }
 
-void traffic_set(const std::string &command, uint32_t chip, bool on)
+void traffic_set(const std::string &command, ChipSession &session, bool on)
 {
     for (uint32_t atom = 0; atom < model::kAtomNum; atom++) {
-        if (model::atom_feed_set(chip, atom, on) != model::kOk) {
-            throw failed(command + ": chip " + std::to_string(chip) + " is not attached");
+        LdDebugCall call = debug_call(LD_DEBUG_FEED_SET, atom, on ? 1u : 0);
+        if (session.ask(call) != model::kOk) {
+            throw failed(command + ": chip " + std::to_string(session.selected()) +
+                         " is not attached");
         }
     }
 }
@@ -75,18 +77,18 @@ void show_code(ChipSession &session, Arguments arguments, Output &output)
         arguments.size() < 2
             ? kShownInstructions
             : read_number("chip disasm", arguments[1], "a count of instructions", 1, NP_PC_NUM));
-    output.write(with_name("chip disasm",
-                           [&] { return host::code_listing(session.selected(), pc, count); }));
+    const auto word = [&](uint32_t address) { return session.peek("chip disasm", address); };
+    output.write(host::code_listing(word, pc, count));
 }
 
 void traffic_on(ChipSession &session, Arguments, Output &)
 {
-    traffic_set("chip traffic on", session.selected(), true);
+    traffic_set("chip traffic on", session, true);
 }
 
 void traffic_off(ChipSession &session, Arguments, Output &)
 {
-    traffic_set("chip traffic off", session.selected(), false);
+    traffic_set("chip traffic off", session, false);
 }
 
 }  // namespace ldsdk::tool
