@@ -319,14 +319,9 @@ void fault_error_format(const char *text, const FaultError &error, char *buffer,
         length++;
     }
     Line line(buffer, size);
-    line.add("%s at ", error.reason);
-    if (length == 0) {
-        line.add("the end");
-    }
-    else {
-        line.add("\"%.*s\"", length, error.at);
-    }
-    line.add(" (column %u)", static_cast<unsigned>(error.at - text + 1));
+    const char *quote = length == 0 ? "" : "\"";
+    line.add("%s at %s%.*s%s (column %u)", error.reason, quote, length == 0 ? 7 : length,
+             length == 0 ? "the end" : error.at, quote, static_cast<unsigned>(error.at - text + 1));
 }
 
 FaultHit fault_check(Op op, RbaOp command)
