@@ -148,8 +148,8 @@ constexpr NpMove Np_MoveFind(const NpField &stField)
     if (stField.ucSize != 4 && stField.ucSize != 1) {
         return NP_MOVE_ANY;
     }
-    const bool bRun = stField.ucSize == 4 && stField.sStep > 0 && 32 % stField.sStep == 0 &&
-                      stField.usBit % stField.sStep == 0;
+    const bool bRun = stField.ucSize == 4 && stField.sStep > 0 && stField.sStep < 32 &&
+                      32 % stField.sStep == 0 && stField.usBit % stField.sStep == 0;
     return bRun ? NP_MOVE_RUN : NP_MOVE_ARRAY;
 }
 
@@ -199,6 +199,7 @@ constexpr NpField Np_FieldMake(const char *pszName, size_t ulOffset, size_t ulSi
         stField.ulMask = 0xffffffffu >> (32 - stField.ucWidth);
     }
     stField.ucMove = Np_MoveFind(stField);
+    stField.bPlain = stField.ucMove == NP_MOVE_WORD && stField.stWhen.ulMask == 0;
     return stField;
 }
 

@@ -92,7 +92,7 @@ enum NpMove : uint8_t {
     NP_MOVE_NONE,       // not stored
     NP_MOVE_WORD,       // a word on its own
     NP_MOVE_WIDE_WORD,  // a word that reaches into a second word of the image
-    NP_MOVE_RUN,        // words, one behind the other from the low bits of an image word up
+    NP_MOVE_RUN,        // narrow words, one behind the other from the low bits of an image word up
     NP_MOVE_ARRAY,      // words or bytes in any even steps
     NP_MOVE_ANY,
 };
@@ -120,6 +120,7 @@ struct NpField {
     uint8_t ucType;     // NpSmdType
     uint8_t ucWordNum;
     uint8_t ucMove;       // NpMove
+    bool bPlain;          // a word on its own that is always there
     uint16_t usShownMax;  // highest value that prompts tell, if not the check's; 0: the check's
     bool bWhole;          // one parameter for the whole array, such as a MAC address
     bool bCut;            // values may be wider than what is stored

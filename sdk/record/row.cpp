@@ -299,9 +299,24 @@ inline void Np_PutWord(uint8_t *pucWord, uint32_t ulShift, uint32_t ulMask, uint
     __builtin_memcpy(pucWord, &ulWord, 4);
 }
 
+inline void Np_TakeWord(const NpField *pstField, const uint8_t *pucImage, uint8_t *pucRecord)
+{
+    const uint32_t ulValue =
+        Np_Word(pucImage + pstField->usWord) >> pstField->ucShift & pstField->ulMask;
+    __builtin_memcpy(pucRecord + pstField->usOffset, &ulValue, 4);
+}
+
 inline uint32_t Np_StepOf(const NpField *pstField)
 {
     return static_cast<uint32_t>(static_cast<int32_t>(pstField->sStep));
+}
+
+// Elements of a run that are left for this word of the image, which begin at bit ulShift. The step
+// is a power of 2.
+inline uint32_t Np_RunInWord(uint32_t ulShift, uint32_t ulStep, uint32_t ulLeft)
+{
+    const uint32_t ulFit = (32 - ulShift) >> __builtin_ctz(ulStep);
+    return ulLeft < ulFit ? ulLeft : ulFit;
 }
 
 void Np_FillRun(const NpField *pstField, const uint8_t *pucRecord, uint8_t *pucImage)
@@ -309,20 +324,23 @@ void Np_FillRun(const NpField *pstField, const uint8_t *pucRecord, uint8_t *pucI
     const uint8_t *pucAt = pucRecord + pstField->usOffset;
     const uint32_t ulStep = Np_StepOf(pstField);
     const uint32_t ulStride = pstField->usStride;
-    const uint32_t ulMask = pstField->ulMask;
     uint8_t *pucWord = pucImage + pstField->usWord;
     uint32_t ulShift = pstField->ucShift;
-    uint32_t ulWord = Np_Word(pucWord);
-    for (uint32_t i = pstField->usCount; i != 0; i--) {
-        ulWord = (ulWord & ~(ulMask << ulShift)) | (Np_Word(pucAt) & ulMask) << ulShift;
-        pucAt += ulStride;
-        ulShift += ulStep;
-        if (ulShift == 32 || i == 1) {
-            __builtin_memcpy(pucWord, &ulWord, 4);
-            pucWord += 4;
-            ulShift = 0;
-            ulWord = i == 1 ? 0 : Np_Word(pucWord);
+    for (uint32_t ulLeft = pstField->usCount; ulLeft != 0; pucWord += 4, ulShift = 0) {
+        uint32_t ulNum = Np_RunInWord(ulShift, ulStep, ulLeft);
+        ulLeft -= ulNum;
+        uint32_t ulMask = pstField->ulMask << ulShift;
+        uint32_t ulTaken = 0;
+        uint32_t ulWord = 0;
+        for (; ulNum != 0; ulNum--) {
+            ulTaken |= ulMask;
+            ulWord |= Np_Word(pucAt) << ulShift & ulMask;
+            ulMask <<= ulStep;
+            ulShift += ulStep;
+            pucAt += ulStride;
         }
+        ulWord |= Np_Word(pucWord) & ~ulTaken;
+        __builtin_memcpy(pucWord, &ulWord, 4);
     }
 }
 
@@ -334,16 +352,14 @@ void Np_ParseRun(const NpField *pstField, const uint8_t *pucImage, uint8_t *pucR
     const uint32_t ulMask = pstField->ulMask;
     const uint8_t *pucWord = pucImage + pstField->usWord;
     uint32_t ulShift = pstField->ucShift;
-    uint32_t ulWord = Np_Word(pucWord);
-    for (uint32_t i = pstField->usCount; i != 0; i--) {
-        const uint32_t ulValue = ulWord >> ulShift & ulMask;
-        __builtin_memcpy(pucAt, &ulValue, 4);
-        pucAt += ulStride;
-        ulShift += ulStep;
-        if (ulShift == 32 && i != 1) {
-            pucWord += 4;
-            ulShift = 0;
-            ulWord = Np_Word(pucWord);
+    for (uint32_t ulLeft = pstField->usCount; ulLeft != 0; pucWord += 4, ulShift = 0) {
+        uint32_t ulNum = Np_RunInWord(ulShift, ulStep, ulLeft);
+        ulLeft -= ulNum;
+        for (uint32_t ulWord = Np_Word(pucWord) >> ulShift; ulNum != 0; ulNum--) {
+            const uint32_t ulValue = ulWord & ulMask;
+            __builtin_memcpy(pucAt, &ulValue, 4);
+            ulWord >>= ulStep;
+            pucAt += ulStride;
         }
     }
 }
@@ -553,6 +569,11 @@ uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecor
     const NpField *pstEnd = pstRow->pstField + pstRow->usFieldNum;
     NpSelected stSelected = {};
     for (const NpField *pstField = pstRow->pstField; pstField != pstEnd; pstField++) {
+        if (pstField->bPlain) [[likely]] {
+            Np_PutWord(pucImage + pstField->usWord, pstField->ucShift, pstField->ulMask,
+                       Np_Word(pucRecord + pstField->usOffset));
+            continue;
+        }
         if (!Np_IsSelected(pstField->stWhen, pucRecord, &stSelected)) {
             continue;
         }
@@ -607,18 +628,19 @@ uint32_t Np_Row_Parse(const NpRow *pstRow, uint32_t ulChipID, const void *pvImag
     const NpField *pstEnd = pstRow->pstField + pstRow->usFieldNum;
     NpSelected stSelected = {};
     for (const NpField *pstField = pstRow->pstField; pstField != pstEnd; pstField++) {
+        if (pstField->bPlain) [[likely]] {
+            Np_TakeWord(pstField, pucImage, pucRecord);
+            continue;
+        }
         if (!Np_IsSelected(pstField->stWhen, pucRecord, &stSelected)) {
             continue;
         }
         switch (pstField->ucMove) {
             case NP_MOVE_NONE:
                 break;
-            case NP_MOVE_WORD: {
-                const uint32_t ulValue =
-                    Np_Word(pucImage + pstField->usWord) >> pstField->ucShift & pstField->ulMask;
-                __builtin_memcpy(pucRecord + pstField->usOffset, &ulValue, 4);
+            case NP_MOVE_WORD:
+                Np_TakeWord(pstField, pucImage, pucRecord);
                 break;
-            }
             case NP_MOVE_WIDE_WORD: {
                 const uint32_t ulValue = Np_Extract(pucImage, pstField->usBit, pstField->ucWidth);
                 __builtin_memcpy(pucRecord + pstField->usOffset, &ulValue, 4);
