@@ -33,6 +33,23 @@ insmod /modules/ldsdk_sibling.ko image=/nowhere 2>/dev/null && echo "@@failed it
 logged "ldsdk_sibling: /nowhere can't be read"
 step insmod /modules/ldsdk_sibling.ko image=/modules/forward.npimg
 step guest_check
+
+# Tools at the same time see their own text only.
+for i in 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20; do
+    echo "micro glb version sdk" >>/tmp/first
+    echo "micro qos dscp_map get index $((i % 8))" >>/tmp/second
+    echo "chip peek 0x60222200 64" >>/tmp/second
+done
+for script in first second; do
+    ldsdk --device /dev/ldsdk --script /tmp/$script >/tmp/$script.alone || echo "@@failed $script"
+done
+for script in first second; do
+    ldsdk --device /dev/ldsdk --script /tmp/$script >/tmp/$script.both &
+done
+wait
+for script in first second; do
+    cmp /tmp/$script.alone /tmp/$script.both || echo "@@failed tools see each other's text"
+done
 step rmmod ldsdk_sibling
 step rmmod ldsdk_arm
 [ -e /dev/ldsdk ] && echo "@@failed /dev/ldsdk stays"

@@ -4,6 +4,7 @@
 #include "tools/ldsdk/in_process.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <cerrno>
 #include <system_error>
@@ -14,6 +15,29 @@ namespace {
 
 // The module looks at no request number; this one is no generic request of the kernel's.
 constexpr unsigned long kRequest = _IO('L', 1);
+
+// The device for one tool alone, while this is there. Another waits, so that neither shows the
+// other's text, nor asks the model while the module uses it.
+class Turn {
+  public:
+    Turn(const std::string &path, const Fd &fd) : fd_(fd)
+    {
+        while (::flock(fd_.get(), LOCK_EX) < 0) {
+            if (errno != EINTR) {
+                throw system_error(path + ": it can't be locked", errno);
+            }
+        }
+    }
+    ~Turn()
+    {
+        ::flock(fd_.get(), LOCK_UN);
+    }
+    Turn(const Turn &) = delete;
+    Turn &operator=(const Turn &) = delete;
+
+  private:
+    const Fd &fd_;
+};
 
 }  // namespace
 
@@ -27,6 +51,7 @@ CharDevice::CharDevice(const std::string &path)
 
 void CharDevice::device(const CommandBuffer &buffer, Output &output)
 {
+    const Turn turn(path_, fd_);
     std::string no_log;
     try {
         if (!log_) {
@@ -73,6 +98,7 @@ uint32_t DeviceModel::call(LdDebugCall &call)
 
 void CharDevice::chip(std::span<const std::string> words, Output &output)
 {
+    const Turn turn(path_, fd_);
     session_.run(words, output);
 }
 
