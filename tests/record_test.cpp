@@ -5,7 +5,9 @@
 #include "sdk/module/smd_row.h"
 #include "sdk/record/describe.h"
 #include "sdk/record/list.h"
+#include "sdk/tables/arl.h"
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <random>
@@ -39,6 +41,7 @@ const Flat kFlat[] = {
      Np_SMD_RowCall<Wrapper##_Get, Record>,                     \
      Np_SMD_RowCall<Wrapper##_Set, const Record>},
 #include "sdk/record/list.h"
+#include "sdk/tables/arl.h"
 };
 
 // Every described row that has an image.
@@ -54,6 +57,7 @@ std::vector<const NpRow *> image_rows()
         rows.push_back(&(stRow));   \
     }
 #include "sdk/record/list.h"
+#include "sdk/tables/arl.h"
     return rows;
 }
 
@@ -860,6 +864,31 @@ TEST_F(Rows, FieldsStandInTheirPlaces)
         }
         EXPECT_EQ(stored(*flat.table, key.data()), expected);
     }
+}
+
+// Rows whose stored fields are worked out ahead lie as if each field was asked, whatever the
+// selector.
+TEST_F(Rows, FieldsKnownAheadAreThoseThatAreAsked)
+{
+    ASSERT_NE(g_stArlKeyRow.pstThere, nullptr);
+    NpRow asked = g_stArlKeyRow;
+    asked.pstThere = nullptr;
+    std::mt19937 random(7);
+    std::set<Bytes> seen;
+    for (uint32_t type = 0; type < 66; type++) {
+        NpArlKey key = {};
+        std::generate_n(reinterpret_cast<uint8_t *>(&key), sizeof key, [&] { return random(); });
+        key.ulType = type < 64 ? type : random();
+        key.stPort = {9, 0, type % 64, 1};
+        Bytes ahead(16);
+        std::generate(ahead.begin(), ahead.end(), [&] { return random(); });
+        Bytes by_asking = ahead;
+        ASSERT_EQ(Np_Row_Fill(&g_stArlKeyRow, 0, &key, ahead.data()), NP_OK);
+        ASSERT_EQ(Np_Row_Fill(&asked, 0, &key, by_asking.data()), NP_OK);
+        EXPECT_EQ(ahead, by_asking) << key.ulType;
+        seen.insert(ahead);
+    }
+    EXPECT_EQ(seen.size(), 66u);
 }
 
 // Where rows lie, by the addresses of the tables.

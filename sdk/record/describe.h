@@ -73,6 +73,7 @@ struct NpRowSpec {
     uint8_t ucModule;
     const char *pszArg = nullptr;
     uint16_t usImageSize = 0;
+    const NpThere *pstThere = nullptr;
     bool bBare = false;
     bool bParseClears = false;
 };
@@ -237,6 +238,7 @@ enum NpRowFault : uint32_t {
     NP_ROW_SELECTOR,       // a condition on what does not stand before as a 32-bit field
     NP_ROW_SAME_KEY,       // two parameters of one name
     NP_ROW_TOO_BIG,        // more than the engines have room for
+    NP_ROW_OTHERS_THERE,   // pstThere speaks of other fields
 };
 
 // The family's capability words, where the compiler can see them.
@@ -444,6 +446,8 @@ void Np_Fault_FieldNotStored();
 void Np_Fault_SelectorNotBefore();
 void Np_Fault_SameKeyword();
 void Np_Fault_RowTooBig();
+void Np_Fault_ThereOfOtherFields();
+void Np_Fault_ThereHasTwoSelectors();
 
 constexpr void Np_RowRefuse(NpRowFault enFault)
 {
@@ -468,7 +472,35 @@ constexpr void Np_RowRefuse(NpRowFault enFault)
             return Np_Fault_SameKeyword();
         case NP_ROW_TOO_BIG:
             return Np_Fault_RowTooBig();
+        case NP_ROW_OTHERS_THERE:
+            return Np_Fault_ThereOfOtherFields();
     }
+}
+
+// What NpRow::pstThere is made from: up to 32 fields, all conditions of which ask the same
+// selector.
+template <size_t ulFieldNum>
+constexpr NpThere Np_FieldsThere(const NpField (&astField)[ulFieldNum])
+{
+    static_assert(ulFieldNum <= 32);
+    NpThere stThere = {astField, 0, {}};
+    bool bKnown = false;
+    for (uint32_t i = 0; i < ulFieldNum; i++) {
+        const NpWhen &stWhen = astField[i].stWhen;
+        if (stWhen.ulMask != 0) {
+            if (bKnown && stWhen.usOffset != stThere.usSelector) {
+                Np_Fault_ThereHasTwoSelectors();
+            }
+            bKnown = true;
+            stThere.usSelector = stWhen.usOffset;
+        }
+        for (uint32_t ulValue = 0; ulValue < 33 && astField[i].ucWidth != 0; ulValue++) {
+            if (stWhen.ulMask == 0 || (ulValue < 32 && (stWhen.ulMask >> ulValue & 1) != 0)) {
+                stThere.aulMask[ulValue] |= 1u << i;
+            }
+        }
+    }
+    return stThere;
 }
 
 // Makes the description of a row from its fields and checks, which are constants of static storage.
@@ -478,9 +510,13 @@ constexpr NpRow Np_RowMake(NpRowSpec stSpec, std::span<const NpField> stFields,
 {
     static_assert(std::is_standard_layout_v<Record> && std::is_trivially_copyable_v<Record>);
     Np_RowRefuse(Np_RowValidate(sizeof(Record), stSpec.usImageSize, stFields, stChecks));
+    Np_RowRefuse(stSpec.pstThere != nullptr && stSpec.pstThere->pstField != stFields.data()
+                     ? NP_ROW_OTHERS_THERE
+                     : NP_ROW_GOOD);
     return {stSpec.pszArg,
             stFields.data(),
             stChecks.data(),
+            stSpec.pstThere,
             static_cast<uint16_t>(stFields.size()),
             static_cast<uint16_t>(stChecks.size()),
             sizeof(Record),

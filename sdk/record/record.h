@@ -144,10 +144,19 @@ struct NpCheck {
     bool bSimple;    // an unsigned word on its own, always there
 };
 
+// Which fields are stored for each value of a row's one selector, worked out ahead of time: for
+// rows of many fields of which few are there at a time. See Np_FieldsThere.
+struct NpThere {
+    const NpField *pstField;  // whose they are
+    uint16_t usSelector;      // in the record, 32 bits wide
+    uint32_t aulMask[33];     // bit f: field f is there, for this value; the last for 32 and above
+};
+
 struct NpRow {
     const char *pszArg;  // the record in messages, "pstVlan"; null: fields stand alone
     const NpField *pstField;
     const NpCheck *pstCheck;
+    const NpThere *pstThere;  // null: each field is asked
     uint16_t usFieldNum;
     uint16_t usCheckNum;
     uint16_t usRecordSize;  // bytes

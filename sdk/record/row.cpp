@@ -364,32 +364,26 @@ void Np_ParseRun(const NpField *pstField, const uint8_t *pucImage, uint8_t *pucR
     }
 }
 
-// Bytes that are bytes of the image too, such as an address: no word need be read for them.
-inline bool Np_IsWholeBytes(const NpField *pstField)
-{
-    return pstField->ucSize == 1 && pstField->ucWidth == 8 &&
-           ((pstField->usBit | Np_StepOf(pstField)) & 7) == 0;
-}
-
 void Np_FillArray(const NpField *pstField, const uint8_t *pucRecord, uint8_t *pucImage)
 {
     const uint8_t *pucAt = pucRecord + pstField->usOffset;
-    if (Np_IsWholeBytes(pstField)) {
-        uint8_t *pucTo = pucImage + pstField->usBit / 8;
-        for (uint32_t i = pstField->usCount; i != 0; i--) {
-            *pucTo = *pucAt;
-            pucAt += pstField->usStride;
-            pucTo += pstField->sStep / 8;
-        }
-        return;
-    }
     const bool bBytes = pstField->ucSize == 1;
+    const uint32_t ulStep = Np_StepOf(pstField);
+    const uint32_t ulStride = pstField->usStride;
     uint32_t ulBit = pstField->usBit;
-    for (uint32_t i = pstField->usCount; i != 0; i--) {
-        Np_PutWord(pucImage + ulBit / 32 * 4, ulBit % 32, pstField->ulMask,
-                   bBytes ? *pucAt : Np_Word(pucAt));
-        pucAt += pstField->usStride;
-        ulBit += Np_StepOf(pstField);
+    // Each word of the image is stored once and whole, as it will be read soon.
+    for (uint32_t ulLeft = pstField->usCount; ulLeft != 0;) {
+        const uint32_t ulAt = ulBit / 32;
+        uint32_t ulWord = Np_Word(pucImage + ulAt * 4);
+        do {
+            const uint32_t ulMask = pstField->ulMask << ulBit % 32;
+            const uint32_t ulValue = bBytes ? *pucAt : Np_Word(pucAt);
+            ulWord = (ulWord & ~ulMask) | (ulValue << ulBit % 32 & ulMask);
+            pucAt += ulStride;
+            ulBit += ulStep;
+            ulLeft--;
+        } while (ulLeft != 0 && ulBit / 32 == ulAt);
+        __builtin_memcpy(pucImage + ulAt * 4, &ulWord, 4);
     }
 }
 
@@ -431,6 +425,34 @@ inline bool Np_IsSelected(const NpWhen &stWhen, const uint8_t *pucRecord, NpSele
         *pstSelected = {true, stWhen.usOffset, ulValue < 32 ? 1u << ulValue : 0};
     }
     return (stWhen.ulMask & pstSelected->ulBit) != 0;
+}
+
+inline uint32_t Np_ThereMask(const NpThere *pstThere, const uint8_t *pucRecord)
+{
+    const uint32_t ulValue = Np_Word(pucRecord + pstThere->usSelector);
+    return pstThere->aulMask[ulValue < 32 ? ulValue : 32];
+}
+
+// All moves but NP_MOVE_WORD.
+inline uint32_t Np_FillOther(const NpRow *pstRow, const NpField *pstField, uint32_t ulChipID,
+                             const uint8_t *pucRecord, uint8_t *pucImage, NpWhere stWhere)
+{
+    switch (pstField->ucMove) {
+        case NP_MOVE_NONE:
+            return NP_OK;
+        case NP_MOVE_WIDE_WORD:
+            Np_Insert(pucImage, pstField->usBit, pstField->ucWidth,
+                      Np_Word(pucRecord + pstField->usOffset));
+            return NP_OK;
+        case NP_MOVE_RUN:
+            Np_FillRun(pstField, pucRecord, pucImage);
+            return NP_OK;
+        case NP_MOVE_ARRAY:
+            Np_FillArray(pstField, pucRecord, pucImage);
+            return NP_OK;
+        default:
+            return Np_FillField(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
+    }
 }
 
 uint32_t Np_PortEncode(uint32_t ulChipID, const void *pvField, uint32_t *pulStored)
@@ -566,41 +588,39 @@ uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecor
 {
     const uint8_t *pucRecord = static_cast<const uint8_t *>(pvRecord);
     uint8_t *pucImage = static_cast<uint8_t *>(pvImage);
+    if (pstRow->pstThere != nullptr) {
+        for (uint32_t ulMask = Np_ThereMask(pstRow->pstThere, pucRecord); ulMask != 0;
+             ulMask &= ulMask - 1) {
+            const NpField *pstField =
+                &pstRow->pstField[static_cast<uint32_t>(__builtin_ctz(ulMask))];
+            if (pstField->ucMove == NP_MOVE_WORD) [[likely]] {
+                Np_PutWord(pucImage + pstField->usWord, pstField->ucShift, pstField->ulMask,
+                           Np_Word(pucRecord + pstField->usOffset));
+                continue;
+            }
+            const uint32_t ulReturn =
+                Np_FillOther(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
+            if (ulReturn != NP_OK) {
+                return ulReturn;
+            }
+        }
+        return NP_OK;
+    }
     const NpField *pstEnd = pstRow->pstField + pstRow->usFieldNum;
     NpSelected stSelected = {};
     for (const NpField *pstField = pstRow->pstField; pstField != pstEnd; pstField++) {
-        if (pstField->bPlain) [[likely]] {
+        if (!pstField->bPlain && !Np_IsSelected(pstField->stWhen, pucRecord, &stSelected)) {
+            continue;
+        }
+        if (pstField->ucMove == NP_MOVE_WORD) [[likely]] {
             Np_PutWord(pucImage + pstField->usWord, pstField->ucShift, pstField->ulMask,
                        Np_Word(pucRecord + pstField->usOffset));
             continue;
         }
-        if (!Np_IsSelected(pstField->stWhen, pucRecord, &stSelected)) {
-            continue;
-        }
-        switch (pstField->ucMove) {
-            case NP_MOVE_NONE:
-                break;
-            case NP_MOVE_WORD:
-                Np_PutWord(pucImage + pstField->usWord, pstField->ucShift, pstField->ulMask,
-                           Np_Word(pucRecord + pstField->usOffset));
-                break;
-            case NP_MOVE_WIDE_WORD:
-                Np_Insert(pucImage, pstField->usBit, pstField->ucWidth,
-                          Np_Word(pucRecord + pstField->usOffset));
-                break;
-            case NP_MOVE_RUN:
-                Np_FillRun(pstField, pucRecord, pucImage);
-                break;
-            case NP_MOVE_ARRAY:
-                Np_FillArray(pstField, pucRecord, pucImage);
-                break;
-            default: {
-                const uint32_t ulReturn =
-                    Np_FillField(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
-                if (ulReturn != NP_OK) {
-                    return ulReturn;
-                }
-            }
+        const uint32_t ulReturn =
+            Np_FillOther(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
+        if (ulReturn != NP_OK) {
+            return ulReturn;
         }
     }
     return NP_OK;

@@ -299,9 +299,13 @@ constexpr NpRow g_stRow = Np_RowMake<R>(
 
 }  // namespace
 
-constexpr NpRow g_stArlKeyRow = Np_RowMake<NpArlKey>(
-    {.ucModule = NP_M_ARL, .pszArg = "pstArlKey", .usImageSize = 16, .bParseClears = true},
-    arl_key::g_astField, arl_key::g_astCheck);
+constexpr NpThere g_stArlKeyThere = Np_FieldsThere(arl_key::g_astField);
+constexpr NpRow g_stArlKeyRow = Np_RowMake<NpArlKey>({.ucModule = NP_M_ARL,
+                                                      .pszArg = "pstArlKey",
+                                                      .usImageSize = 16,
+                                                      .pstThere = &g_stArlKeyThere,
+                                                      .bParseClears = true},
+                                                     arl_key::g_astField, arl_key::g_astCheck);
 constexpr NpRow g_stArlDataRow = Np_RowMake<NpArlData>(
     {.ucModule = NP_M_ARL, .pszArg = "pstArlData", .usImageSize = 16, .bParseClears = true},
     arl_data::g_astField, arl_data::g_astCheck);
