@@ -26,8 +26,8 @@ FLAVOUR = "armmp"
 FOREIGN = "armhf"
 MODULES = ("ldsdk_chip", "ldsdk_arm", "ldsdk_sibling")  # in the order of loading
 SOURCES = ("include", "platform", "sdk", "chipmodel")
-MACHINE = ("qemu-system-arm -M virt,gic-version=2,highmem=off -cpu cortex-a15 -m 256 -nographic "
-           "-no-reboot -nic none").split()
+MACHINE = ("qemu-system-arm -M virt,gic-version=2,highmem=off -cpu cortex-a15 -smp 2 -m 256 -nographic"
+           " -no-reboot -nic none").split()
 # The log has to hold what one command prints; the allocator looks for bytes outside of blocks.
 BOOT = ("console=ttyAMA0 panic=-1 oops=panic loglevel=6 log_buf_len=8M slub_debug=FZP "
         "rdinit=/init")

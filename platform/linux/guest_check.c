@@ -8,6 +8,7 @@
 #include <string.h>
 #include <sys/ioctl.h>
 #include <sys/mman.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #define BUFFER 512
@@ -44,7 +45,62 @@ static void fill(char *buffer, int count, const char *words, size_t size)
     memcpy(buffer + sizeof(count), words, size);
 }
 
-int main(void)
+/* ---- commands from several processes at a time ---- */
+
+#define CALLERS 4
+#define FIELDS 64
+
+/* The words of a line, one blank between them, the tool's name in front. */
+static int send_line(const char *line)
+{
+    char buffer[BUFFER] = {0};
+    int words = 2;
+    char *at = buffer + sizeof(words) + 2;
+
+    memcpy(buffer + sizeof(words), "t", 2);
+    for (; *line != 0; line++, at++) {
+        *at = *line == ' ' ? 0 : *line;
+        words += *line == ' ' ? 1 : 0;
+    }
+    memcpy(buffer, &words, sizeof(words));
+    return ioctl(device, _IO('L', 1), buffer);
+}
+
+/* Fills a row field by field: each command reads the row, changes one field and writes it back. */
+static int fill_row(int row)
+{
+    char line[128];
+    int field;
+
+    for (field = 0; field < FIELDS; field++) {
+        snprintf(line, sizeof(line), "micro qos dscp_map set index %d auc1P%d %d end", row, field,
+                 (row + field) % 8);
+        if (send_line(line) != 0) {
+            return 1;
+        }
+    }
+    return 0;
+}
+
+static int fill_rows(int together)
+{
+    int row, status, failed = 0;
+
+    for (row = 0; row < CALLERS; row++) {
+        if (!together) {
+            failed |= fill_row(row);
+        }
+        else if (fork() == 0) {
+            _exit(fill_row(row));
+        }
+    }
+    while (together && wait(&status) > 0) {
+        failed |= status;
+    }
+    return failed != 0;
+}
+
+int main(int argc, char **argv)
 {
     static char buffer[BUFFER];
     char *pages = mmap(NULL, 2 * PAGE, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
@@ -53,6 +109,9 @@ int main(void)
     if (device < 0 || pages == MAP_FAILED || munmap(pages + PAGE, PAGE) != 0) {
         perror("setting up");
         return 1;
+    }
+    if (argc > 1) {
+        return fill_rows(strcmp(argv[1], "together") == 0);
     }
 
     expect("no buffer", _IO('L', 1), NULL, EFAULT);

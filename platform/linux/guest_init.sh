@@ -50,6 +50,16 @@ wait
 for script in first second; do
     cmp /tmp/$script.alone /tmp/$script.both || echo "@@failed tools see each other's text"
 done
+
+# Nor does a command come between another's read and write.
+for how in together alone; do
+    step guest_check $how
+    for row in 0 1 2 3; do
+        ldsdk --device /dev/ldsdk micro qos dscp_map get index $row
+    done >/tmp/$how
+done
+[ "$(wc -c </tmp/alone)" -gt 4000 ] || echo "@@failed the rows are not shown"
+cmp /tmp/together /tmp/alone || echo "@@failed commands of several processes are mixed up"
 step rmmod ldsdk_sibling
 step rmmod ldsdk_arm
 [ -e /dev/ldsdk ] && echo "@@failed /dev/ldsdk stays"
