@@ -60,6 +60,14 @@ for how in together alone; do
 done
 [ "$(wc -c </tmp/alone)" -gt 4000 ] || echo "@@failed the rows are not shown"
 cmp /tmp/together /tmp/alone || echo "@@failed commands of several processes are mixed up"
+
+# A sibling comes and goes while commands run: they find a chip, or none.
+(for i in 1 2 3; do ldsdk --device /dev/ldsdk --script /tmp/second; done >/dev/null 2>&1) &
+for i in 1 2 3 4 5; do
+    step rmmod ldsdk_sibling
+    step insmod /modules/ldsdk_sibling.ko image=/modules/forward.npimg
+done
+wait
 step rmmod ldsdk_sibling
 step rmmod ldsdk_arm
 [ -e /dev/ldsdk ] && echo "@@failed /dev/ldsdk stays"
