@@ -29,16 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     }
     std::array<char, 512> buffer{};
     if (size != 0 && data[0] == 'm') {
-        // Blanks end words; the tool's own name stands in front.
-        int32_t words = 1;
-        size_t at = 6;
-        std::memcpy(buffer.data() + 4, "f", 2);
-        for (size_t i = 0; i < size && at < buffer.size() - 1; i++) {
-            buffer[at++] = data[i] == ' ' ? '\0' : static_cast<char>(data[i]);
-            words += data[i] == ' ' ? 1 : 0;
-        }
-        words += 1;
-        std::memcpy(buffer.data(), &words, sizeof(words));
+        buffer = ldsdk::fuzz::command_buffer({reinterpret_cast<const char *>(data), size});
     }
     else {
         std::memcpy(buffer.data(), data, std::min(size, buffer.size()));

@@ -10,7 +10,6 @@
 #include "sdk/frame/bringup.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <string_view>
 
@@ -73,25 +72,6 @@ uint32_t __wrap_Qd_RBA_CommandSend(uint32_t ulChipID, const NpRbaReqCmd *pstReq,
 
 }  // extern "C"
 
-namespace {
-
-// Words with blanks between them as the command device takes them, the tool's name in front.
-void run(std::string_view line)
-{
-    std::array<char, 512> buffer = {};
-    std::memcpy(buffer.data() + 4, "f", 2);
-    size_t at = 6;
-    int32_t words = 2;
-    for (size_t i = 0; i < line.size() && at < buffer.size() - 1; i++) {
-        buffer[at++] = line[i] == ' ' ? '\0' : line[i];
-        words += line[i] == ' ' ? 1 : 0;
-    }
-    std::memcpy(buffer.data(), &words, sizeof(words));
-    ldsdk_device_ioctl(buffer.data());
-}
-
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static const bool up = (ldsdk::fuzz::chip_up(), Os_BusAttach(&lying_bus()), true);
@@ -107,7 +87,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         const std::string_view line = lines.substr(0, lines.find('\n'));
         // It takes the address of an image as a number: nobody can tell a wild one.
         if (line.find("atom load") == std::string_view::npos) {
-            run(line);
+            ldsdk_device_ioctl(ldsdk::fuzz::command_buffer(line).data());
         }
         lines.remove_prefix(std::min(lines.size(), line.size() + 1));
     }

@@ -120,22 +120,14 @@ constexpr Caller kCallers[] = {
         Np_Tarn_FleeBucketTbl_Get(0, number(input, 600), &type, key->data());
     },
     [](Input &input) {
-        using namespace std::string_view_literals;
-        struct Line {
-            int32_t words;
-            std::string_view text;
+        static constexpr std::string_view kLines[] = {
+            "micro dfx mac num",
+            "micro dfx mac display",
+            "micro dfx lanmac display",
+            "micro arl mac_crash_read",
         };
-        static constexpr Line kLines[] = {
-            {5, "f\0micro\0dfx\0mac\0num"sv},
-            {5, "f\0micro\0dfx\0mac\0display"sv},
-            {5, "f\0micro\0dfx\0lanmac\0display"sv},
-            {4, "f\0micro\0arl\0mac_crash_read"sv},
-        };
-        const Line &line = kLines[number(input, std::size(kLines))];
-        std::array<char, 512> buffer = {};
-        std::memcpy(buffer.data(), &line.words, sizeof(line.words));
-        line.text.copy(buffer.data() + sizeof(line.words), line.text.size());
-        ldsdk_device_ioctl(buffer.data());
+        const std::string_view line = kLines[number(input, std::size(kLines))];
+        ldsdk_device_ioctl(ldsdk::fuzz::command_buffer(line).data());
     },
 };
 

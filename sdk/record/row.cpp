@@ -433,10 +433,15 @@ inline uint32_t Np_ThereMask(const NpThere *pstThere, const uint8_t *pucRecord)
     return pstThere->aulMask[ulValue < 32 ? ulValue : 32];
 }
 
-// All moves but NP_MOVE_WORD.
-inline uint32_t Np_FillOther(const NpRow *pstRow, const NpField *pstField, uint32_t ulChipID,
-                             const uint8_t *pucRecord, uint8_t *pucImage, NpWhere stWhere)
+[[gnu::always_inline]] inline uint32_t Np_FillOne(const NpRow *pstRow, const NpField *pstField,
+                                                  uint32_t ulChipID, const uint8_t *pucRecord,
+                                                  uint8_t *pucImage, NpWhere stWhere)
 {
+    if (pstField->ucMove == NP_MOVE_WORD) [[likely]] {
+        Np_PutWord(pucImage + pstField->usWord, pstField->ucShift, pstField->ulMask,
+                   Np_Word(pucRecord + pstField->usOffset));
+        return NP_OK;
+    }
     switch (pstField->ucMove) {
         case NP_MOVE_NONE:
             return NP_OK;
@@ -593,13 +598,8 @@ uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecor
              ulMask &= ulMask - 1) {
             const NpField *pstField =
                 &pstRow->pstField[static_cast<uint32_t>(__builtin_ctz(ulMask))];
-            if (pstField->ucMove == NP_MOVE_WORD) [[likely]] {
-                Np_PutWord(pucImage + pstField->usWord, pstField->ucShift, pstField->ulMask,
-                           Np_Word(pucRecord + pstField->usOffset));
-                continue;
-            }
             const uint32_t ulReturn =
-                Np_FillOther(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
+                Np_FillOne(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
             if (ulReturn != NP_OK) {
                 return ulReturn;
             }
@@ -612,13 +612,8 @@ uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecor
         if (!pstField->bPlain && !Np_IsSelected(pstField->stWhen, pucRecord, &stSelected)) {
             continue;
         }
-        if (pstField->ucMove == NP_MOVE_WORD) [[likely]] {
-            Np_PutWord(pucImage + pstField->usWord, pstField->ucShift, pstField->ulMask,
-                       Np_Word(pucRecord + pstField->usOffset));
-            continue;
-        }
         const uint32_t ulReturn =
-            Np_FillOther(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
+            Np_FillOne(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
         if (ulReturn != NP_OK) {
             return ulReturn;
         }
