@@ -1,6 +1,7 @@
 #include "chipmodel/debug.h"
 
 #include "chipmodel/atom_door.h"
+#include "chipmodel/chip.h"
 #include "chipmodel/model.h"
 
 static_assert(sizeof(LdDebugCall) == 32 + LD_DEBUG_TEXT);
@@ -39,6 +40,11 @@ uint32_t journal_show(LdDebugCall &call)
     }
     journal_format(*record, call.text, sizeof(call.text));
     return kOk;
+}
+
+uint32_t attached(uint32_t chip)
+{
+    return chip_find(chip) != nullptr ? kOk : kErrNoChip;
 }
 
 uint32_t channel(LdDebugCall &call)
@@ -141,12 +147,12 @@ uint32_t Ld_Debug(LdDebugCall *call)
             return atom_feed_set(call->chip, call->number, on);
         case LD_DEBUG_ENGINE:
             call->value = auto_send_enabled(call->chip) ? 1 : 0;
-            return kOk;
+            return attached(call->chip);
         case LD_DEBUG_CHANNEL:
             return channel(*call);
         case LD_DEBUG_SENT_COUNT:
             call->number = sent_count(call->chip);
-            return kOk;
+            return attached(call->chip);
         case LD_DEBUG_SENT:
             return sent(*call);
         case LD_DEBUG_STANDIN_SET:

@@ -51,7 +51,8 @@ struct LdDebugCall {
 #define LD_DEBUG_DEVICE "ldsdk_chip"
 #define LD_DEBUG_REQUEST _IOWR('L', 2, struct LdDebugCall)
 
-/* 0, or the model's code. An unknown op is kErrNotModelled, a null record kErrNull. */
+/* 0, or the model's code. An unknown op is kErrNotModelled, a null record kErrNull; all but those
+   of faults and the journal answer kErrNoChip for a chip that is not attached. */
 uint32_t Ld_Debug(struct LdDebugCall *call);
 
 NP_EXTERN_C_END

@@ -3,10 +3,10 @@
 // must not lead outside the host's own memory.
 #include "fuzz/chip.h"
 #include "fuzz/input.h"
+#include "fuzz/rba_door.h"
 
 #include "chipmodel/model.h"
 #include "platform/bus.h"
-#include "platform/driver.h"
 #include "sdk/frame/bringup.h"
 
 #include <algorithm>
@@ -49,11 +49,6 @@ const OsBus &lying_bus()
 
 }  // namespace
 
-extern "C" {
-
-uint32_t __real_Qd_RBA_CommandSend(uint32_t ulChipID, const NpRbaReqCmd *pstReq,
-                                   NpRbaRspCmd *pstRsp);
-
 uint32_t __wrap_Qd_RBA_CommandSend(uint32_t ulChipID, const NpRbaReqCmd *pstReq,
                                    NpRbaRspCmd *pstRsp)
 {
@@ -69,8 +64,6 @@ uint32_t __wrap_Qd_RBA_CommandSend(uint32_t ulChipID, const NpRbaReqCmd *pstReq,
     }
     return result;
 }
-
-}  // extern "C"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {

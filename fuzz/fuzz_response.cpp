@@ -2,8 +2,8 @@
 // the commands is chosen by the input too.
 #include "fuzz/chip.h"
 #include "fuzz/input.h"
+#include "fuzz/rba_door.h"
 
-#include "platform/driver.h"
 #include "platform/host/host_os.h"
 #include "sdk/access/counter.h"
 #include "sdk/lookup/eml.h"
@@ -133,11 +133,6 @@ constexpr Caller kCallers[] = {
 
 }  // namespace
 
-extern "C" {
-
-uint32_t __real_Qd_RBA_CommandSend(uint32_t ulChipID, const NpRbaReqCmd *pstReq,
-                                   NpRbaRspCmd *pstRsp);
-
 uint32_t __wrap_Qd_RBA_CommandSend(uint32_t ulChipID, const NpRbaReqCmd *pstReq,
                                    NpRbaRspCmd *pstRsp)
 {
@@ -158,8 +153,6 @@ uint32_t __wrap_Qd_RBA_CommandSend(uint32_t ulChipID, const NpRbaReqCmd *pstReq,
     }
     return result;
 }
-
-}  // extern "C"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {

@@ -371,7 +371,8 @@ TEST_F(DebugTest, WrongCallsAreAnswered)
     }
     EXPECT_EQ(model::kErrNull, Ld_Debug(nullptr));
     for (const LdDebugOp op : {LD_DEBUG_PEEK, LD_DEBUG_ADVANCE, LD_DEBUG_STANDIN_SET,
-                               LD_DEBUG_LOOP_SET, LD_DEBUG_SENT, LD_DEBUG_CHANNEL}) {
+                               LD_DEBUG_LOOP_SET, LD_DEBUG_SENT, LD_DEBUG_CHANNEL, LD_DEBUG_ENGINE,
+                               LD_DEBUG_SENT_COUNT, LD_DEBUG_FEED_SET, LD_DEBUG_STANDIN_COUNT}) {
         LdDebugCall call = {};
         call.op = op;
         call.chip = 7;

@@ -92,6 +92,8 @@ for script in /scripts/*; do
     ldsdk --device /dev/ldsdk micro arl arltbl get byindex index 0 >/tmp/out ||
         echo "@@failed ldsdk without a sibling: $?"
     grep -q "ulReturn = 0xe0000002" /tmp/out || echo "@@failed a chip that is gone answers"
+    ldsdk --device /dev/ldsdk chip channels 2>&1 | grep -q "chip 0 is not attached" ||
+        echo "@@failed the model shows a chip that is gone"
     step rmmod ldsdk_arm
     step rmmod ldsdk_chip
 done

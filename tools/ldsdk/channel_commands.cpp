@@ -79,13 +79,6 @@ std::string plural(uint64_t count, const char *what)
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-// Sets a switch that the selected chip has.
-void switch_set(ChipSession &session, LdDebugOp op, bool on)
-{
-    LdDebugCall call = debug_call(op, 0, on ? 1u : 0);
-    session.ask(call);
-}
-
 }  // namespace
 
 void inject_capture(ChipSession &session, Arguments arguments, Output &output)
@@ -151,16 +144,6 @@ void show_sent(ChipSession &session, Arguments arguments, Output &output)
     }
 }
 
-void standin_on(ChipSession &session, Arguments, Output &)
-{
-    switch_set(session, LD_DEBUG_STANDIN_SET, true);
-}
-
-void standin_off(ChipSession &session, Arguments, Output &)
-{
-    switch_set(session, LD_DEBUG_STANDIN_SET, false);
-}
-
 void standin_show(ChipSession &session, Arguments, Output &output)
 {
     for (LdDebugCall row = debug_call(LD_DEBUG_STANDIN_COUNT); session.ask(row) == model::kOk;
@@ -169,16 +152,6 @@ void standin_show(ChipSession &session, Arguments, Output &output)
         std::snprintf(text, sizeof text, "%-15.24s %u\n", row.text, row.value);
         output.write(text);
     }
-}
-
-void loop_on(ChipSession &session, Arguments, Output &)
-{
-    switch_set(session, LD_DEBUG_LOOP_SET, true);
-}
-
-void loop_off(ChipSession &session, Arguments, Output &)
-{
-    switch_set(session, LD_DEBUG_LOOP_SET, false);
 }
 
 }  // namespace ldsdk::tool

@@ -15,10 +15,6 @@ void show_channels(ChipSession &session, std::span<const std::string> arguments,
 // [N]
 void show_sent(ChipSession &session, std::span<const std::string> arguments, Output &output);
 
-void standin_on(ChipSession &session, std::span<const std::string> arguments, Output &output);
-void standin_off(ChipSession &session, std::span<const std::string> arguments, Output &output);
 void standin_show(ChipSession &session, std::span<const std::string> arguments, Output &output);
-void loop_on(ChipSession &session, std::span<const std::string> arguments, Output &output);
-void loop_off(ChipSession &session, std::span<const std::string> arguments, Output &output);
 
 }  // namespace ldsdk::tool

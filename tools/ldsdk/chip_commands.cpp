@@ -43,18 +43,6 @@ uint32_t read_address(const std::string &command, const std::string &word)
     return address;
 }
 
-// Turns what the model answered about an address into an error.
-void check_access(uint32_t status, const std::string &command, uint32_t chip, uint32_t address)
-{
-    if (status == model::kOk) {
-        return;
-    }
-    if (status == model::kErrNoChip) {
-        throw failed(command + ": chip " + std::to_string(chip) + " is not attached");
-    }
-    throw failed(command + ": chip " + std::to_string(chip) + " has nothing at " + hex32(address));
-}
-
 void peek(ChipSession &session, Arguments arguments, Output &output)
 {
     const uint32_t first = read_address("chip peek", arguments[0]);
@@ -69,7 +57,7 @@ void peek(ChipSession &session, Arguments arguments, Output &output)
     }
     std::vector<uint32_t> values(count);
     for (uint32_t i = 0; i < count; i++) {
-        values[i] = session.peek("chip peek", first + 4 * i);
+        values[i] = session.peek(first + 4 * i);
     }
     for (uint32_t i = 0; i < count; i++) {
         char text[24];
@@ -88,8 +76,7 @@ void poke(ChipSession &session, Arguments arguments, Output &)
     const uint32_t address = read_address("chip poke", arguments[0]);
     const auto value = static_cast<uint32_t>(
         read_number("chip poke", arguments[1], "a 32-bit value", 0, kMaxWord));
-    LdDebugCall call = debug_call(LD_DEBUG_POKE, address, value);
-    check_access(session.ask(call), "chip poke", session.selected(), address);
+    session.poke(address, value);
 }
 
 void advance(ChipSession &session, Arguments arguments, Output &)
@@ -97,23 +84,15 @@ void advance(ChipSession &session, Arguments arguments, Output &)
     const uint64_t ticks =
         read_number("chip advance", arguments[0], "a number of 0.1 ms ticks", 0, UINT64_MAX);
     LdDebugCall call = debug_call(LD_DEBUG_ADVANCE, 0, 0, ticks);
-    check_access(session.ask(call), "chip advance", session.selected(), 0);
-}
-
-void journal_set(ChipSession &session, bool on)
-{
-    LdDebugCall call = debug_call(LD_DEBUG_JOURNAL_SET, 0, on ? 1u : 0);
     session.ask(call);
 }
 
-void journal_on(ChipSession &session, Arguments, Output &)
+// Sets a switch of the model.
+template <LdDebugOp op, bool on>
+void turn(ChipSession &session, Arguments, Output &)
 {
-    journal_set(session, true);
-}
-
-void journal_off(ChipSession &session, Arguments, Output &)
-{
-    journal_set(session, false);
+    LdDebugCall call = debug_call(op, 0, on ? 1u : 0);
+    session.ask(call);
 }
 
 void journal_clear(ChipSession &session, Arguments, Output &)
@@ -218,14 +197,16 @@ struct ChipCommand {
 };
 
 constexpr size_t kAnyNumber = SIZE_MAX;
+constexpr bool kHere = true;
 
 // The last row with a first word is also the one that takes arguments in place of a second word.
 constexpr ChipCommand kCommands[] = {
     {"peek", nullptr, "ADDR [WORDS]", 1, 2, "show words of chip memory", peek},
     {"poke", nullptr, "ADDR VALUE", 2, 2, "write one word of chip memory", poke},
     {"advance", nullptr, "TICKS", 1, 1, "let the chip's clock run, 0.1 ms a tick", advance},
-    {"journal", "on", "", 0, 0, "record what crosses the chip's doors", journal_on},
-    {"journal", "off", "", 0, 0, "stop recording", journal_off},
+    {"journal", "on", "", 0, 0, "record what crosses the chip's doors",
+     turn<LD_DEBUG_JOURNAL_SET, true>},
+    {"journal", "off", "", 0, 0, "stop recording", turn<LD_DEBUG_JOURNAL_SET, false>},
     {"journal", "show", "[N]", 0, 1, "show the last N records, 20 by default", journal_show},
     {"journal", "clear", "", 0, 0, "forget the records", journal_clear},
     {"fault", "list", "", 0, 0, "show the faults that were set", fault_list},
@@ -234,37 +215,40 @@ constexpr ChipCommand kCommands[] = {
      "make calls fail: Qd_PBA_AtomModeSet nth=1 code=5", fault_set},
     {"load", "online", "FILE [ATOMS]", 1, 2,
      "replace the microcode of running atoms, all or those of a bitmap", load_code_online, nullptr,
-     true},
-    {"load", nullptr, "FILE", 1, 1, "load a microcode image", load_code, nullptr, true},
+     kHere},
+    {"load", nullptr, "FILE", 1, 1, "load a microcode image", load_code, nullptr, kHere},
     {"disasm", nullptr, "PC [COUNT]", 1, 2, "show instructions, 16 by default", show_code},
     {"traffic", "on", "", 0, 0, "packets for every thread that waits for one", traffic_on},
     {"traffic", "off", "", 0, 0, "no more packets", traffic_off},
     {"inject", nullptr, "FILE [PORT]", 1, 2,
      "feed the frames of a capture to the receive side, as from port fe:0", inject_capture, nullptr,
-     true},
+     kHere},
     {"capture", nullptr, "FILE", 1, 1, "write what the host sent to a capture", save_capture,
-     nullptr, true},
+     nullptr, kHere},
     {"sent", nullptr, "[N]", 0, 1, "show the last N packets that the host sent, 20 by default",
      show_sent},
     {"channels", nullptr, "", 0, 0, "show the auto-send channels", show_channels},
-    {"standin", "on", "", 0, 0, "let the microcode's stand-in take what is sent", standin_on},
-    {"standin", "off", "", 0, 0, "leave what is sent in the queue", standin_off},
+    {"standin", "on", "", 0, 0, "let the microcode's stand-in take what is sent",
+     turn<LD_DEBUG_STANDIN_SET, true>},
+    {"standin", "off", "", 0, 0, "leave what is sent in the queue",
+     turn<LD_DEBUG_STANDIN_SET, false>},
     {"standin", "show", "", 0, 0, "show what it has done", standin_show},
-    {"loop", "on", "", 0, 0, "send inserted packets back to the host", loop_on},
-    {"loop", "off", "", 0, 0, "keep them", loop_off},
+    {"loop", "on", "", 0, 0, "send inserted packets back to the host",
+     turn<LD_DEBUG_LOOP_SET, true>},
+    {"loop", "off", "", 0, 0, "keep them", turn<LD_DEBUG_LOOP_SET, false>},
     {"lookup", "eml", "TABLE KEYHEX", 2, 2,
      "what the microcode finds in a hash table, key byte 0 first", lookup_eml, eml_table_words,
-     true},
+     kHere},
     {"lookup", "lcam", "TABLE KEYHEX", 2, 2, "what it finds in a local CAM table, key byte 0 first",
-     lookup_lcam, lcam_table_words, true},
+     lookup_lcam, lcam_table_words, kHere},
     {"show", "eml", "TABLE", 1, 1, "draw which items of a hash table are in use", show_eml,
-     eml_table_words, true},
+     eml_table_words, kHere},
     {"show", "lcam", "TABLE", 1, 1, "draw which entries of a local CAM table are in use", show_lcam,
-     lcam_table_words, true},
+     lcam_table_words, kHere},
     {"select", nullptr, "N", 1, 1, "choose the chip that these commands mean, 0 at first",
      select_chip},
     {"attach", nullptr, "N", 1, 1, "power chip 1 to 3 on and register it as a slave", attach_slave,
-     nullptr, true},
+     nullptr, kHere},
     {"help", nullptr, "", 0, 0, "show this list", help},
 };
 
@@ -360,23 +344,50 @@ void ChipSession::run(std::span<const std::string> words, Output &output)
         throw failed(name + ": needs the module in this process, and there is " + door_.between() +
                      " in between; expected no --device, or one of `ldsdk serve`");
     }
+    command_ = name;
     command->run(*this, arguments, output);
 }
 
-uint32_t ChipSession::peek(const std::string &command, uint32_t address)
+uint32_t ChipSession::ask(LdDebugCall &call, uint32_t chip)
+{
+    call.chip = chip;
+    const uint32_t status = door_.call(call);
+    if (status == model::kErrNoChip) {
+        throw failed(command_ + ": chip " + std::to_string(chip) + " is not attached");
+    }
+    return status;
+}
+
+uint32_t ChipSession::ask(LdDebugCall &call)
+{
+    return ask(call, selected_);
+}
+
+void ChipSession::access(LdDebugCall &call)
+{
+    if (ask(call) != model::kOk) {
+        throw failed(command_ + ": chip " + std::to_string(selected_) + " has nothing at " +
+                     hex32(call.number));
+    }
+}
+
+uint32_t ChipSession::peek(uint32_t address)
 {
     LdDebugCall call = debug_call(LD_DEBUG_PEEK, address);
-    check_access(ask(call), command, selected_, address);
+    access(call);
     return call.value;
+}
+
+void ChipSession::poke(uint32_t address, uint32_t value)
+{
+    LdDebugCall call = debug_call(LD_DEBUG_POKE, address, value);
+    access(call);
 }
 
 void ChipSession::select(uint32_t chip)
 {
     LdDebugCall call = debug_call(LD_DEBUG_PEEK);
-    call.chip = chip;
-    if (door_.call(call) == model::kErrNoChip) {
-        throw failed("chip select: chip " + std::to_string(chip) + " is not attached");
-    }
+    ask(call, chip);
     selected_ = chip;
 }
 

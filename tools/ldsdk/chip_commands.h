@@ -23,17 +23,19 @@ class ChipSession {
     // Throws unless the chip is attached.
     void select(uint32_t chip);
 
-    // Makes a call for the selected chip: 0, or the model's code.
-    uint32_t ask(LdDebugCall &call)
-    {
-        call.chip = selected_;
-        return door_.call(call);
-    }
-    // The same for a word of chip memory: throws, with the command's name, when there is none.
-    uint32_t peek(const std::string &command, uint32_t address);
+    // Makes a call for the selected chip: 0, or the model's code. This and what follows throw, with
+    // the name of the command under way, when the chip is not attached.
+    uint32_t ask(LdDebugCall &call);
+    // A word of chip memory; throw too when there is none.
+    uint32_t peek(uint32_t address);
+    void poke(uint32_t address, uint32_t value);
 
   private:
+    uint32_t ask(LdDebugCall &call, uint32_t chip);
+    void access(LdDebugCall &call);
+
     ModelDoor &door_;
+    std::string command_;  // under way
     uint32_t selected_ = 0;
 };
 

@@ -37,14 +37,11 @@ void check(const std::string &command, const std::string &file, uint32_t status)
     }
 }
 
-void traffic_set(const std::string &command, ChipSession &session, bool on)
+void traffic_set(ChipSession &session, bool on)
 {
     for (uint32_t atom = 0; atom < model::kAtomNum; atom++) {
         LdDebugCall call = debug_call(LD_DEBUG_FEED_SET, atom, on ? 1u : 0);
-        if (session.ask(call) != model::kOk) {
-            throw failed(command + ": chip " + std::to_string(session.selected()) +
-                         " is not attached");
-        }
+        session.ask(call);
     }
 }
 
@@ -77,18 +74,18 @@ void show_code(ChipSession &session, Arguments arguments, Output &output)
         arguments.size() < 2
             ? kShownInstructions
             : read_number("chip disasm", arguments[1], "a count of instructions", 1, NP_PC_NUM));
-    const auto word = [&](uint32_t address) { return session.peek("chip disasm", address); };
+    const auto word = [&](uint32_t address) { return session.peek(address); };
     output.write(host::code_listing(word, pc, count));
 }
 
 void traffic_on(ChipSession &session, Arguments, Output &)
 {
-    traffic_set("chip traffic on", session, true);
+    traffic_set(session, true);
 }
 
 void traffic_off(ChipSession &session, Arguments, Output &)
 {
-    traffic_set("chip traffic off", session, false);
+    traffic_set(session, false);
 }
 
 }  // namespace ldsdk::tool
