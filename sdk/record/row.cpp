@@ -609,7 +609,7 @@ uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecor
     const NpField *pstEnd = pstRow->pstField + pstRow->usFieldNum;
     NpSelected stSelected = {};
     for (const NpField *pstField = pstRow->pstField; pstField != pstEnd; pstField++) {
-        if (!pstField->bPlain && !Np_IsSelected(pstField->stWhen, pucRecord, &stSelected)) {
+        if (!Np_IsSelected(pstField->stWhen, pucRecord, &stSelected)) {
             continue;
         }
         const uint32_t ulReturn =
