@@ -3,9 +3,9 @@
 
 #include <cstring>
 
-namespace {
+namespace ldsdk::test::eml {
 
-using namespace ldsdk::test::eml;
+namespace {
 
 // ---- placement on plain arrays ------------------------------------------------------------------
 
@@ -255,3 +255,5 @@ TEST(EmlPlacement, AShadowThatDisagreesIsReported)
 }
 
 }  // namespace
+
+}  // namespace ldsdk::test::eml

@@ -7,14 +7,9 @@
 #include <cstring>
 #include <set>
 
-namespace {
+namespace ldsdk::test::eml {
 
-using namespace ldsdk::test::eml;
-using ldsdk::test::ChipUp;
-using ldsdk::test::frame;
-using ldsdk::test::FrameTap;
-using ldsdk::test::Module;
-namespace model = ldsdk::model;
+namespace {
 
 // ---- hashes and packing -------------------------------------------------------------------------
 
@@ -742,3 +737,5 @@ TEST_F(Eml, BringUpPassesFailuresOn)
 }
 
 }  // namespace
+
+}  // namespace ldsdk::test::eml

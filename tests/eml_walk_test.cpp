@@ -3,10 +3,9 @@
 
 #include <set>
 
-namespace {
+namespace ldsdk::test::eml {
 
-using namespace ldsdk::test::eml;
-namespace model = ldsdk::model;
+namespace {
 
 // Replays what crossed the door, on an image of its own. After each command every key of the hash
 // table that the operation leaves there is there, and an item that is found is whole: as it was
@@ -198,3 +197,5 @@ TEST_P(EmlWalk, AgreesWithAMap)
 }
 
 }  // namespace
+
+}  // namespace ldsdk::test::eml

@@ -8,19 +8,10 @@
 #include <set>
 #include <sstream>
 
+namespace ldsdk::test {
+
 namespace {
 
-using ldsdk::test::BusTap;
-using ldsdk::test::Bytes;
-using ldsdk::test::checks_of;
-using ldsdk::test::fields_of;
-using ldsdk::test::Flat;
-using ldsdk::test::image_rows;
-using ldsdk::test::kFlat;
-using ldsdk::test::Maker;
-using ldsdk::test::name_of;
-using ldsdk::test::Rows;
-using ldsdk::test::Words;
 using testing::EndsWith;
 using testing::HasSubstr;
 
@@ -477,3 +468,5 @@ TEST_F(Rows, MixedFieldsStandWhereTheyAreSaidTo)
 }
 
 }  // namespace
+
+}  // namespace ldsdk::test

@@ -4,14 +4,10 @@
 #include <set>
 #include <sstream>
 
+namespace ldsdk::test {
+
 namespace {
 
-using ldsdk::test::Bytes;
-using ldsdk::test::fields_of;
-using ldsdk::test::Flat;
-using ldsdk::test::kFlat;
-using ldsdk::test::Rows;
-using ldsdk::test::Words;
 using testing::EndsWith;
 using testing::HasSubstr;
 
@@ -560,3 +556,5 @@ static_assert(sizeof(NpVlanOption) == 64 * 4);
 static_assert(sizeof(NpMet) == 4 * 4);
 
 }  // namespace
+
+}  // namespace ldsdk::test
