@@ -57,21 +57,14 @@ NpArlData data_of(uint32_t operation, uint32_t interface)
     return data;
 }
 
-class Arl : public Shell {
+class Arl : public ShellUp {
   protected:
     Arl()
     {
-        EXPECT_EQ(Np_GLB_ChipRegister(0, 1, 0, 0), NP_OK);
-        EXPECT_EQ(Np_INIT_SdkInit(0), NP_OK);
         for (const uint32_t counter : {kFlowLimit + 4 * 7, kBundleLimit + 4 * 7, kGlobalLimit,
                                        kPortLimit + 4 * 7, kLanLimit}) {
             poke(counter, kBase);
         }
-    }
-    ~Arl() override
-    {
-        model::faults_clear();
-        EXPECT_EQ(Np_INIT_SdkDestruct(0), NP_OK);
     }
 
     // Words of the item at a place, as they lie in chip memory.
@@ -123,21 +116,9 @@ class Arl : public Shell {
                            {1, 2, 3, 4, 5, static_cast<uint8_t>(last)}};
         ASSERT_EQ(Np_UvtTbl_Set(0, row, &uvt), NP_OK);
     }
-    // What a call traced as failures, without positions.
     std::vector<std::string> failures(const std::function<uint32_t()> &call, uint32_t result)
     {
-        trace_errors(NP_M_ARL);
-        out.take();
-        EXPECT_EQ(call(), result);
-        Np_PrintLevelInit();
-        std::vector<std::string> lines;
-        const std::string text = out.take();
-        for (size_t at = text.find("\r\n["); at != std::string::npos;) {
-            const size_t begin = text.find("]: ", at) + 3;
-            at = text.find("\r\n[", begin);
-            lines.push_back(text.substr(begin, at == std::string::npos ? at : at - begin));
-        }
-        return lines;
+        return ShellUp::failures(NP_M_ARL, call, result);
     }
 };
 

@@ -90,21 +90,15 @@ std::string fill_line(const Host &host)
            key_words(host) + " ulIntfID " + flow + " ulIftID " + flow + "\n";
 }
 
-class MacScenario : public Shell {
+class MacScenario : public ShellUp {
   protected:
     MacScenario()
     {
-        EXPECT_EQ(Np_GLB_ChipRegister(0, 1, 0, 0), NP_OK);
-        EXPECT_EQ(Np_INIT_SdkInit(0), NP_OK);
         for (uint32_t flow = 0; flow < kFlows; flow++) {
             poke(kFlowLimit + 4 * flow, kCredit);
         }
         poke(kGlobalLimit, kCredit);
         poke(kLimitSwitch, 1);
-    }
-    ~MacScenario() override
-    {
-        EXPECT_EQ(Np_INIT_SdkDestruct(0), NP_OK);
     }
 
     // Adds a host by its way; false when it finds no place.

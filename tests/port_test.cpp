@@ -21,17 +21,8 @@ struct Value {
     uint32_t value;
 };
 
-class PortTables : public Shell {
+class PortTables : public ShellUp {
   protected:
-    PortTables()
-    {
-        EXPECT_EQ(Np_GLB_ChipRegister(0, 1, 0, 0), NP_OK);
-        EXPECT_EQ(Np_INIT_SdkInit(0), NP_OK);
-    }
-    ~PortTables() override
-    {
-        EXPECT_EQ(Np_INIT_SdkDestruct(0), NP_OK);
-    }
     static Words stored()
     {
         return {peek(kXauiRow), peek(kXauiRow + 4), peek(kXauiRow + 8), peek(kXauiRow + 12)};

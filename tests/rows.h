@@ -142,33 +142,12 @@ class Maker {
     std::mt19937 random_;
 };
 
-class Rows : public Shell {
+class Rows : public ShellUp {
   protected:
-    Rows()
-    {
-        EXPECT_EQ(Np_GLB_ChipRegister(0, 1, 0, 0), NP_OK);
-        EXPECT_EQ(Np_INIT_SdkInit(0), NP_OK);
-    }
-    ~Rows() override
-    {
-        EXPECT_EQ(Np_INIT_SdkDestruct(0), NP_OK);
-    }
-
     // What a call traced as failures of the row's module, without positions.
     Words failures(const NpRow &row, const std::function<uint32_t()> &call, uint32_t result)
     {
-        trace_errors(static_cast<NpModule>(row.ucModule));
-        out.take();
-        EXPECT_EQ(call(), result);
-        Np_PrintLevelInit();
-        Words lines;
-        const std::string text = out.take();
-        for (size_t at = text.find("\r\n["); at != std::string::npos;) {
-            const size_t begin = text.find("]: ", at) + 3;
-            at = text.find("\r\n[", begin);
-            lines.push_back(text.substr(begin, at == std::string::npos ? at : at - begin));
-        }
-        return lines;
+        return ShellUp::failures(row.ucModule, call, result);
     }
 
     // The bytes of a table's row in chip memory, part behind part.

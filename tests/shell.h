@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstring>
+#include <functional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -84,6 +85,39 @@ class Shell : public Module {
 
   private:
     CommandBuffer buffer_{};
+};
+
+// The same with chip 0 up.
+class ShellUp : public Shell {
+  protected:
+    ShellUp()
+    {
+        EXPECT_EQ(Np_GLB_ChipRegister(0, 1, 0, 0), NP_OK);
+        EXPECT_EQ(Np_INIT_SdkInit(0), NP_OK);
+    }
+    ~ShellUp() override
+    {
+        model::faults_clear();
+        EXPECT_EQ(Np_INIT_SdkDestruct(0), NP_OK);
+    }
+
+    // What a call traced as failures of a module, without positions.
+    std::vector<std::string> failures(uint32_t module, const std::function<uint32_t()> &call,
+                                      uint32_t result)
+    {
+        trace_errors(static_cast<NpModule>(module));
+        out.take();
+        EXPECT_EQ(call(), result);
+        Np_PrintLevelInit();
+        std::vector<std::string> lines;
+        const std::string text = out.take();
+        for (size_t at = text.find("\r\n["); at != std::string::npos;) {
+            const size_t begin = text.find("]: ", at) + 3;
+            at = text.find("\r\n[", begin);
+            lines.push_back(text.substr(begin, at == std::string::npos ? at : at - begin));
+        }
+        return lines;
+    }
 };
 
 }  // namespace ldsdk::test
