@@ -1,7 +1,7 @@
 # Two commands: `make run` and `make test`. CMake with presets does the work underneath.
 SHELL := /bin/sh
 .DEFAULT_GOAL := build
-.PHONY: build run test bench lint fuzz arm arm-kernel replay status clean deps test-asan test-valgrind format
+.PHONY: build run test bench count count-update lint fuzz arm arm-kernel replay status clean deps test-asan test-valgrind format
 
 JOBS ?= $(shell nproc)
 
@@ -19,6 +19,7 @@ run: build
 
 test: build arm replay
 	@cmake/deps.sh kernel
+	@cmake/deps.sh valgrind
 	@ctest --test-dir build --output-on-failure --parallel $(JOBS)
 
 # The same sources for 32-bit ARM: objects fit for a kernel module, and the unit tests as programs.
@@ -41,6 +42,16 @@ bench: deps
 	@cmake --build build/bench --parallel $(JOBS)
 	@build/bench/bin/ldsdk_bench
 	@python3 cmake/text_size.py build/bench
+
+# Instructions of each operation of bench/count.cpp beside those of bench/counts.txt, which
+# count-update rewrites.
+count count-update: deps
+	@cmake/deps.sh valgrind
+	@cmake --preset default >/dev/null
+	@cmake --preset arm >/dev/null
+	@cmake --build build --parallel $(JOBS) --target ldsdk_count
+	@cmake --build build/arm --parallel $(JOBS) --target ldsdk_count
+	@python3 cmake/count.py $(if $(filter count-update,$@),--update) build build/arm
 
 lint: build
 	@cmake/deps.sh lint

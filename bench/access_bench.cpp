@@ -1,6 +1,6 @@
 // The bus, search memory, register tables, bring-up and the command path, each beside the least
 // work that it could be.
-#include "bench/bench.h"
+#include "bench/bare.h"
 
 #include "chipmodel/model.h"
 #include "ldsdk/host.h"
@@ -10,7 +10,7 @@
 #include "sdk/access/bus.h"
 #include "sdk/access/regtable.h"
 #include "sdk/access/smem.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/trace.h"
 
 #include <unistd.h>
 #include <array>
@@ -21,11 +21,16 @@
 namespace {
 
 using ldsdk::bench::AddTarget;
+using ldsdk::bench::bare_read;
+using ldsdk::bench::bare_write;
+using ldsdk::bench::check_bare;
 using ldsdk::bench::chip_up;
+using ldsdk::bench::Rows;
 using Kind = ldsdk::bench::Target::Kind;
 
 constexpr uint32_t kAddress = 0x60210000;
 constexpr uint32_t kTable = 82;  // a plain row of 16 bytes
+constexpr Rows kRows = {0x64030000, 4};
 
 void smem_write(benchmark::State &state)
 {
@@ -81,19 +86,19 @@ BENCHMARK(row_read);
 void row_read_by_hand(benchmark::State &state)
 {
     chip_up();
-    const uint32_t address = 0x64030000 + 7 * 16;
+    const uintptr_t slide = kRows.slide();
     std::array<uint32_t, 4> row{};
+    check_bare(
+        state, [&] { Np_RegTableRead(0, kTable, 7, row.data()); },
+        [&] { bare_read<kRows>(slide, 7, row.data()); });
     for (auto _ : state) {
-        for (uint32_t i = 0; i < 4; i++) {
-            Np_Read(0, address, &row[i]);
-            Np_Read(0, address + 4 * i, &row[i]);
-        }
+        bare_read<kRows>(slide, 7, row.data());
         benchmark::DoNotOptimize(row);
     }
 }
 BENCHMARK(row_read_by_hand);
 const AddTarget row_read_target({Kind::kRatioAtMost, "row_read", "row_read_by_hand", 1.5,
-                                 "16-byte row read / its word accesses"});
+                                 "16-byte row read / its bare reads"});
 
 void row_write(benchmark::State &state)
 {
@@ -108,24 +113,19 @@ BENCHMARK(row_write);
 void row_write_by_hand(benchmark::State &state)
 {
     chip_up();
-    const uint32_t address = 0x64030000 + 7 * 16;
-    const std::array<uint32_t, 4> row = {1, 2, 3, 4};
+    const uintptr_t slide = kRows.slide();
+    std::array<uint32_t, 4> row = {1, 2, 3, 4};
+    check_bare(
+        state, [&] { Np_RegTableWrite(0, kTable, 7, row.data()); },
+        [&] { bare_write<kRows>(slide, 7, row.data()); });
     for (auto _ : state) {
-        for (uint32_t word = 0; word < 4; word++) {
-            std::array<uint32_t, 4> line{};
-            for (uint32_t i = 0; i < 4; i++) {
-                Np_Read(0, address + 4 * i, &line[i]);
-            }
-            line[word] = row[word];
-            for (uint32_t i = 4; i-- > 0;) {
-                Np_Write(0, address + 4 * i, &line[i]);
-            }
-        }
+        benchmark::DoNotOptimize(row);
+        bare_write<kRows>(slide, 7, row.data());
     }
 }
 BENCHMARK(row_write_by_hand);
 const AddTarget row_write_target({Kind::kRatioAtMost, "row_write", "row_write_by_hand", 1.5,
-                                  "16-byte row write / its word accesses"});
+                                  "16-byte row write / its bare writes"});
 
 // A trace statement that is off, beside the bare load and test.
 void trace_off(benchmark::State &state)

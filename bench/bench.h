@@ -16,6 +16,10 @@ void chip_up();
 // Command frames that an operation sends; of one command only when it is given.
 double frames_of(const std::function<void()> &work, model::RbaOp command = model::RbaOp::kUnknown);
 
+// Tells whether two forms of an operation do the same to the chip: the same window accesses in the
+// same order, whatever their values, and the same commands with the same payload.
+bool same_traffic(const std::function<void()> &work, const std::function<void()> &other);
+
 // One line of the closing table: the ratio of two benchmarks of this run (or one's own rate or
 // counter), against a target. The line also has the time of `of` and,
 // from its counter "frames", what that sends. Nothing is asserted.

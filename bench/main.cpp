@@ -6,8 +6,10 @@
 #include "platform/bus.h"
 #include "platform/host/host_os.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <map>
 #include <vector>
 
@@ -117,6 +119,20 @@ void print_targets(const Collector &collector)
     }
 }
 
+std::vector<model::Record> traffic_of(const std::function<void()> &work)
+{
+    model::journal_clear();
+    model::journal_enable(true);
+    work();
+    model::journal_enable(false);
+    std::vector<model::Record> records;
+    for (uint32_t at = 0; at < model::journal_count(); at++) {
+        records.push_back(*model::journal_record(at));
+    }
+    model::journal_clear();
+    return records;
+}
+
 }  // namespace
 
 AddTarget::AddTarget(Target target)
@@ -126,20 +142,25 @@ AddTarget::AddTarget(Target target)
 
 double frames_of(const std::function<void()> &work, model::RbaOp command)
 {
-    model::journal_clear();
-    model::journal_enable(true);
-    work();
-    model::journal_enable(false);
-    uint32_t frames = 0;
-    for (uint32_t at = 0; at < model::journal_count(); at++) {
-        const model::Record &record = *model::journal_record(at);
-        frames += record.kind == model::RecordKind::kRba &&
-                          (command == model::RbaOp::kUnknown || record.command == command)
-                      ? 1
-                      : 0;
-    }
-    model::journal_clear();
-    return frames;
+    const auto records = traffic_of(work);
+    return static_cast<double>(
+        std::count_if(records.begin(), records.end(), [&](const model::Record &record) {
+            return record.kind == model::RecordKind::kRba &&
+                   (command == model::RbaOp::kUnknown || record.command == command);
+        }));
+}
+
+bool same_traffic(const std::function<void()> &work, const std::function<void()> &other)
+{
+    const auto same = [](const model::Record &a, const model::Record &b) {
+        return a.kind == b.kind && a.address == b.address &&
+               (a.kind != model::RecordKind::kRba ||
+                (a.value == b.value && std::memcmp(a.data, b.data, sizeof(a.data)) == 0));
+    };
+    const auto ours = traffic_of(work);
+    const auto others = traffic_of(other);
+    return !ours.empty() &&
+           std::equal(ours.begin(), ours.end(), others.begin(), others.end(), same);
 }
 
 void chip_up()

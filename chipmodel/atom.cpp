@@ -245,7 +245,7 @@ void atoms_tick(Chip &chip, uint64_t ticks)
         ticks < kMaxSteps / kTickSteps ? static_cast<uint32_t>(ticks) * kTickSteps : kMaxSteps;
     for (Atom &atom : chip.atoms.atom) {
         for (Thread &thread : atom.thread) {
-            uint32_t left = steps;
+            uint32_t left = go_on() ? steps : 0;
             while (left > 0) {
                 if (can_feed(chip, atom, thread)) {
                     feed(thread);

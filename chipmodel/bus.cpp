@@ -31,15 +31,22 @@ void record(RecordKind kind, const Chip &chip, uint32_t address, uint32_t value)
     journal_put(entry);
 }
 
-// Offset in the master's store of a window's token, kNoOffset when size bytes don't fit there.
-uint32_t window_offset(uintptr_t virt, uint32_t size)
+// A place of a mapped window.
+struct Place {
+    Chip *chip;  // the master, asked for once: it may go meanwhile; null when nothing is there
+    uint32_t offset;
+};
+
+// Where size bytes at a window's token stand.
+Place window_place(uintptr_t virt, uint32_t size)
 {
+    Chip *const chip = chip_master();
     const uintptr_t offset = virt - kWindowToken;
-    if (__builtin_expect(offset > kStoreSize - size || chip_master() == nullptr, 0)) {
+    if (__builtin_expect(offset > kStoreSize - size || chip == nullptr, 0)) {
         g_stray++;
-        return kNoOffset;
+        return {nullptr, kNoOffset};
     }
-    return static_cast<uint32_t>(offset);
+    return {chip, static_cast<uint32_t>(offset)};
 }
 
 uintptr_t map(uint32_t first, uint32_t size)
@@ -50,42 +57,40 @@ uintptr_t map(uint32_t first, uint32_t size)
 
 void clear(uintptr_t virt, uint32_t size)
 {
-    const uint32_t offset = size > kStoreSize ? kNoOffset : window_offset(virt, size);
-    if (offset == kNoOffset) {
+    const auto [chip, offset] =
+        size > kStoreSize ? Place{nullptr, kNoOffset} : window_place(virt, size);
+    if (chip == nullptr) {
         return;
     }
-    Chip &chip = *chip_master();
-    chip.memory.clear(offset, size);
+    chip->memory.clear(offset, size);
     if (watched(kWatchJournal)) {
-        record(RecordKind::kClear, chip, Memory::address_of(offset), size);
+        record(RecordKind::kClear, *chip, Memory::address_of(offset), size);
     }
 }
 
 uint32_t read32(uintptr_t virt)
 {
-    const uint32_t offset = window_offset(virt, 4);
-    if (offset == kNoOffset) {
+    const auto [chip, offset] = window_place(virt, 4);
+    if (chip == nullptr) {
         return 0;
     }
-    const Chip &chip = *chip_master();
-    const uint32_t value = chip.memory.read32(offset);
+    const uint32_t value = chip->memory.read32(offset);
     if (watched(kWatchJournal)) {
-        record(RecordKind::kRead32, chip, Memory::address_of(offset), value);
+        record(RecordKind::kRead32, *chip, Memory::address_of(offset), value);
     }
     return value;
 }
 
 void write32(uintptr_t virt, uint32_t value)
 {
-    const uint32_t offset = window_offset(virt, 4);
-    if (offset == kNoOffset) {
+    const auto [chip, offset] = window_place(virt, 4);
+    if (chip == nullptr) {
         return;
     }
-    Chip &chip = *chip_master();
     if (watched(kWatchJournal)) {
-        record(RecordKind::kWrite32, chip, Memory::address_of(offset), value);
+        record(RecordKind::kWrite32, *chip, Memory::address_of(offset), value);
     }
-    chip.bus_write_at(offset, value);
+    chip->bus_write_at(offset, value);
 }
 
 // A register of a slave's bus.

@@ -28,6 +28,8 @@ void feed_microcode(Chip &chip)
     }
 }
 
+constexpr uint32_t kPaceBurst = 16;  // packets between two looks at the pace
+
 void fire(Chip &chip, AutoChannel &channel)
 {
     channel.count++;
@@ -80,7 +82,7 @@ void channel_tick(Chip &chip, uint64_t)
         if (next->due > chip.now()) {
             return;
         }
-        if (burst == kAutoBurst) {
+        if (burst == kAutoBurst || (burst % kPaceBurst == kPaceBurst - 1 && !go_on())) {
             break;
         }
         fire(chip, *next);

@@ -8,6 +8,7 @@ namespace {
 
 constinit Chip g_chips[kChipNum] = {};
 constinit Chip *g_master = nullptr;
+constinit Pace g_pace = nullptr;
 
 // What a part does beside answering calls. Either may be null.
 struct Part {
@@ -24,6 +25,7 @@ constexpr Part kParts[] = {
     {"search memory", [](Chip &chip) { chip.smem = {}; }, nullptr},
     {"hash engine", [](Chip &chip) { __builtin_memset(&chip.hash, 0, sizeof chip.hash); }, nullptr},
     {"local CAM", [](Chip &chip) { tcam_power_on(chip.tcam); }, nullptr},
+    {"pre-classifier", [](Chip &chip) { __builtin_memset(&chip.ha, 0, sizeof chip.ha); }, nullptr},
     {"statistics", [](Chip &chip) { chip.stat = {}; }, nullptr},
     {"stand-in", [](Chip &chip) { chip.standin = {}; }, nullptr},
     {"packet channel", channel_power_on, channel_tick},
@@ -100,9 +102,15 @@ Chip *chip_find(uint32_t id)
     return id < kChipNum && g_chips[id].attached() ? &g_chips[id] : nullptr;
 }
 
+bool go_on()
+{
+    return g_pace == nullptr || g_pace();
+}
+
 Chip *chip_master()
 {
-    return g_master;
+    // One load: a caller that holds the result must not see it change.
+    return __atomic_load_n(&g_master, __ATOMIC_RELAXED);
 }
 
 // ---- model.h ------------------------------------------------------------------------------------
@@ -144,7 +152,8 @@ uint32_t master_set(uint32_t chip)
 
 uint32_t master()
 {
-    return g_master == nullptr ? kChipNum : g_master->id();
+    const Chip *master = chip_master();
+    return master == nullptr ? kChipNum : master->id();
 }
 
 uint32_t bus_polls_set(uint32_t chip, uint32_t polls)
@@ -218,6 +227,11 @@ uint32_t advance(uint32_t chip, uint64_t ticks)
         found.advance(ticks);
         return kOk;
     });
+}
+
+void pace_set(Pace pace)
+{
+    g_pace = pace;
 }
 
 uint64_t clock_now(uint32_t chip)

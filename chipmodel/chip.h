@@ -7,6 +7,7 @@
 
 #include "chipmodel/atom.h"
 #include "chipmodel/channel.h"
+#include "chipmodel/ha.h"
 #include "chipmodel/hash.h"
 #include "chipmodel/memory.h"
 #include "chipmodel/model.h"
@@ -53,6 +54,7 @@ class Chip {
     SmemSettings smem;
     HashEngine hash;
     Tcam tcam;
+    HaRules ha;
     Channel channel;
     Statistics stat;
     Standin standin;
@@ -67,6 +69,8 @@ class Chip {
 
 // The chip of an identifier, null when it is not attached.
 Chip *chip_find(uint32_t id);
+// Whether the work of a move of the clock may go on; not to be asked in driver calls.
+bool go_on();
 // The chip behind the mapped windows, null when there is none.
 Chip *chip_master();
 

@@ -47,9 +47,20 @@ struct LdDebugCall {
 };
 
 /* The device's request. It fails with EFAULT for memory that is not the caller's, ENOTTY for
-   another request. */
+   another request, EINTR for a move of the clock that a signal cut short. */
 #define LD_DEBUG_DEVICE "ldsdk_chip"
 #define LD_DEBUG_REQUEST _IOWR('L', 2, struct LdDebugCall)
+
+/* A microcode image for the board to keep, of which a load then takes the word (ldsdk/micro.h).
+   EINVAL for none, EFBIG for more than LD_IMAGE_LARGEST, EBUSY while loads use all images that it
+   has room for. */
+struct LdDebugImage {
+    uint64_t bytes; /* where the caller has them */
+    uint32_t size;
+    uint32_t address; /* of the device: the word */
+};
+#define LD_IMAGE_LARGEST (16u << 20)
+#define LD_DEBUG_IMAGE_REQUEST _IOWR('L', 3, struct LdDebugImage)
 
 /* 0, or the model's code. An unknown op is kErrNotModelled, a null record kErrNull; all but those
    of faults and the journal answer kErrNoChip for a chip that is not attached. */

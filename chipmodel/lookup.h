@@ -2,7 +2,11 @@
 // chipmodel/model.h.
 #pragma once
 
+#include "chipmodel/traffic.h"
+
 #include <cstdint>
+
+struct QdHaMatchRule;  // platform/driver.h
 
 namespace ldsdk::model {
 
@@ -126,5 +130,46 @@ uint32_t eml_semaphore_hold(uint32_t chip, uint32_t smem, uint32_t tid, uint32_t
 // other's writes don't reach: what a line holds is served until 16 accesses over all lines, by the
 // same side, have replaced it.
 uint32_t eml_cache_strict_set(uint32_t chip, bool on);
+
+// ---- pre-classifier -----------------------------------------------------------------------------
+
+inline constexpr uint32_t kHaRuleNum = 64;
+inline constexpr uint32_t kHaFixedFirst = 2;   // types of fixed rules: from this one
+inline constexpr uint32_t kHaFixedNum = 5;     // to below this one
+inline constexpr uint32_t kHaTpidNum = 9;      // 1 to 4 outer tags, 5 to 8 inner ones
+inline constexpr uint32_t kHaNoChannel = ~0u;  // the packet came in no GEM port or logical link
+inline constexpr uint32_t kHaLinkNum = 4;      // comparisons of a rule
+
+// Always there; with info 0 until it is set.
+struct HaFixedRule {
+    bool set;
+    uint32_t queue_pri;
+    uint32_t info;
+};
+
+// The record of a rule, as the driver's door has it: docs/chip-model.md tells how it is read.
+// kErrEmpty when the number is free, kErrParam, kErrNull.
+uint32_t ha_rule_get(uint32_t chip, uint32_t number, QdHaMatchRule *rule);
+uint32_t ha_fixed_get(uint32_t chip, uint32_t type, HaFixedRule *rule);
+uint32_t ha_tpid_get(uint32_t chip, uint32_t type, uint32_t *tpid);
+
+struct HaQuery {
+    const uint8_t *frame;  // from the destination MAC address on
+    uint32_t length;
+    Port port;
+    uint32_t channel;  // GEM port of a gpon port, logical link of an epon port
+};
+
+struct HaResult {
+    bool hit;
+    bool fixed;  // by fixed rule `number`, else by the numbered rule
+    uint32_t number;
+    uint32_t info;  // ulHaInfo, 0 to 127
+    uint32_t queue_pri;
+    bool filter;  // ucFilterEnable of the rule
+};
+
+// What a packet meets. kErrParam when the chip has no such port, kErrNull.
+uint32_t lookup_ha(uint32_t chip, const HaQuery &query, HaResult *result);
 
 }  // namespace ldsdk::model

@@ -76,6 +76,10 @@ uint32_t atom_mode_get(uint32_t chip, uint32_t atom, uint32_t *mode);
 
 // Moves a chip's clock on by ticks of 0.1 ms and does the work that falls due.
 uint32_t advance(uint32_t chip, uint64_t ticks);
+// Who is asked every so often during the work of a long move; false cuts the rest of it off, with
+// the clock where it should be, as too many packets of an auto-send channel do. Null: nobody.
+using Pace = bool (*)();
+void pace_set(Pace pace);
 // The clock of a chip, 0 at power on and for a chip that is not attached.
 uint64_t clock_now(uint32_t chip);
 

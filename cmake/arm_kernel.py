@@ -2,9 +2,9 @@
 """Builds the module for a 32-bit ARM kernel of the distribution and drives it in an emulator.
 
 Fetches the kernel, its headers and busybox as packages (no root, kept in the work folder), builds
-the three modules, checks their objects, boots, loads them, runs every script of the examples and one
-line of every command through /dev/ldsdk, unloads, and compares what the module printed with what the
-host build prints for the same lines.
+the three modules and the template of a sibling, checks their objects, boots, loads them, runs every
+script of the examples and one line of every command through /dev/ldsdk, unloads, and compares what
+the module printed with what the host build prints for the same lines.
 Usage: arm_kernel.py SOURCE_DIR HOST_BUILD ARM_BUILD WORK_DIR
 Exit status: 0; 1 something is wrong; 77 the packages can't be fetched.
 """
@@ -24,16 +24,17 @@ import kernel_clean
 CROSS = "arm-linux-gnueabi-"
 FLAVOUR = "armmp"
 FOREIGN = "armhf"
-MODULES = ("ldsdk_chip", "ldsdk_arm", "ldsdk_sibling")  # in the order of loading
+MODULES = ("ldsdk_chip", "ldsdk_arm", "ldsdk_sibling", "ldsdk_check")  # in the order of loading
 SOURCES = ("include", "platform", "sdk", "chipmodel")
 MACHINE = ("qemu-system-arm -M virt,gic-version=2,highmem=off -cpu cortex-a15 -smp 2 -m 256 -nographic"
            " -no-reboot -nic none").split()
 # The log has to hold what one command prints; the allocator looks for bytes outside of blocks.
 BOOT = ("console=ttyAMA0 panic=-1 oops=panic loglevel=6 log_buf_len=8M slub_debug=FZP "
         "rdinit=/init")
-BOOT_SECONDS = 600
+BOOT_SECONDS = 400
+TROUBLE_SECONDS = 3  # for what the kernel has to say about it
 TROUBLE = re.compile(r"Internal error|Oops|BUG[: ]|WARNING:|Unable to handle|Kernel panic|leak:|"
-                     r"scheduling while atomic|possible recursive locking|rcu: INFO")
+                     r"scheduling while atomic|possible recursive locking|rcu: INFO|stuck:")
 
 
 NO_PACKAGES = 77
@@ -100,6 +101,16 @@ def fetch(work):
 
 # ---- modules -----------------------------------------------------------------------------------
 
+def make_modules(folder, work, version, *more):
+    printed = run("make", f"-j{os.cpu_count()}", "-C",
+                  work / f"root/usr/src/linux-headers-{version}-{FLAVOUR}", f"M={folder}",
+                  "ARCH=arm", f"CROSS_COMPILE={CROSS}", *more, "modules")
+    complaints = [line for line in printed.splitlines()
+                  if re.search(r"\.(c|cpp|h):\d+.*warning:|^\s*WARNING: modpost", line)]
+    if complaints:
+        raise Failure("the build warns:\n" + "\n".join(complaints))
+
+
 def build_modules(source, work, version):
     tree = work / "modules"
     for folder in SOURCES:
@@ -114,13 +125,7 @@ def build_modules(source, work, version):
     kbuild = tree / "Kbuild"
     if not kbuild.is_symlink():
         kbuild.symlink_to(source / "platform/linux/Kbuild")
-    printed = run("make", f"-j{os.cpu_count()}", "-C",
-                  work / f"root/usr/src/linux-headers-{version}-{FLAVOUR}", f"M={tree}", "ARCH=arm",
-                  f"CROSS_COMPILE={CROSS}", "modules")
-    complaints = [line for line in printed.splitlines()
-                  if re.search(r"\.(c|cpp|h):\d+.*warning:|^\s*WARNING: modpost", line)]
-    if complaints:
-        raise Failure("the build warns:\n" + "\n".join(complaints))
+    make_modules(tree, work, version)
     faults = []
     for folder in ("sdk", "chipmodel"):
         for target in sorted((tree / folder).rglob("*.o")):
@@ -131,6 +136,16 @@ def build_modules(source, work, version):
     if faults:
         raise Failure("\n".join(faults))
     return tree
+
+
+def build_example(source, work, version, tree):
+    """The template of a sibling, as its own page says: from include/ and Module.symvers alone."""
+    folder = work / "sibling"
+    shutil.rmtree(folder, ignore_errors=True)
+    shutil.copytree(source / "examples/sibling", folder)
+    make_modules(folder, work, version, f"LDSDK={source}",
+                 f"KBUILD_EXTRA_SYMBOLS={tree / 'Module.symvers'}")
+    return sorted(folder.glob("*.ko"))
 
 
 # ---- scripts -----------------------------------------------------------------------------------
@@ -176,7 +191,7 @@ def run_on_host(host_build, scripts, out):
 
 # ---- boot --------------------------------------------------------------------------------------
 
-def pack_image(source, host_build, arm_build, work, tree, version):
+def pack_image(source, host_build, arm_build, work, tree, version, examples):
     image = work / "image"
     shutil.rmtree(image, ignore_errors=True)
     for folder in ("bin", "dev", "proc", "sys", "tmp", "modules", "scripts"):
@@ -188,9 +203,8 @@ def pack_image(source, host_build, arm_build, work, tree, version):
     run(CROSS + "gcc", "-static", "-O1", "-Wall", "-Wextra", "-Werror", "-I", source, "-I",
         source / "include", "-o", image / "bin/guest_check",
         source / "platform/linux/guest_check.c")
-    for name in MODULES:
-        run(CROSS + "strip", "--strip-debug", "-o", image / f"modules/{name}.ko",
-            tree / f"{name}.ko")
+    for module in [tree / f"{name}.ko" for name in MODULES] + examples:
+        run(CROSS + "strip", "--strip-debug", "-o", image / "modules" / module.name, module)
     shutil.copy(host_build / "share/ldsdk/forward.npimg", image / "modules/forward.npimg")
     for script in (work / "scripts").iterdir():
         shutil.copy(script, image / "scripts" / script.name)
@@ -203,11 +217,23 @@ def pack_image(source, host_build, arm_build, work, tree, version):
 
 
 def boot(kernel, initrd, log):
+    """Runs the machine to its end, or to what ends a check: trouble, or too much time."""
+    def text():
+        return log.read_text(errors="replace").replace("\r", "")
+
     with open(log, "wb") as file:
-        subprocess.run([*MACHINE, "-kernel", str(kernel), "-initrd", str(initrd), "-append", BOOT],
-                       stdin=subprocess.DEVNULL, stdout=file, stderr=subprocess.STDOUT,
-                       timeout=BOOT_SECONDS, check=False)
-    return log.read_text(errors="replace").replace("\r", "")
+        machine = subprocess.Popen([*MACHINE, "-kernel", str(kernel), "-initrd", str(initrd),
+                                    "-append", BOOT],
+                                   stdin=subprocess.DEVNULL, stdout=file, stderr=subprocess.STDOUT)
+        end = time.monotonic() + BOOT_SECONDS
+        while machine.poll() is None and time.monotonic() < end and not TROUBLE.search(text()):
+            time.sleep(1)
+        try:
+            machine.wait(TROUBLE_SECONDS)
+        except subprocess.TimeoutExpired:
+            machine.kill()
+            machine.wait()
+    return text()
 
 
 def check_log(serial, host_out, guest_out):
@@ -245,13 +271,14 @@ def main():
         return NO_PACKAGES
     step(f"modules for {version}-{FLAVOUR}")
     tree = build_modules(source, work, version)
+    examples = build_example(source, work, version, tree)
     step("scripts on the host")
     scripts = collect_scripts(source, work)
     host_out = work / "out/host"
     shutil.rmtree(work / "out", ignore_errors=True)
     run_on_host(host_build, scripts, host_out)
     step("boot")
-    kernel, initrd = pack_image(source, host_build, arm_build, work, tree, version)
+    kernel, initrd = pack_image(source, host_build, arm_build, work, tree, version, examples)
     serial = boot(kernel, initrd, work / "serial.log")
     faults = check_log(serial, host_out, work / "out/kernel")
     step("done")

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
+#include <cstdio>
 #include <vector>
 
 namespace ldsdk::host {
@@ -19,6 +21,29 @@ bool is_digit(char c)
 bool is_letter(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+}
+
+bool is_word(char c)
+{
+    return is_letter(c) || is_digit(c);
+}
+
+// The character that a text begins with; 0 where that is no UTF-8.
+uint32_t utf8_character(std::string_view text)
+{
+    const auto first = static_cast<uint8_t>(text[0]);
+    const int more = std::countl_one(first) - 1;
+    if (more < 1 || more > 3 || text.size() <= static_cast<size_t>(more)) {
+        return first < 0x80 ? first : 0;
+    }
+    uint32_t character = first & (0x3fu >> more);
+    for (const char next : text.substr(1, static_cast<size_t>(more))) {
+        if ((next & 0xc0) != 0x80) {
+            return 0;
+        }
+        character = character << 6 | (next & 0x3f);
+    }
+    return character;
 }
 
 bool is_hex_digit(char c)
@@ -244,6 +269,13 @@ void read_operand(LineReader &line, const AtomOperand &operand, uint64_t &word)
 
 }  // namespace
 
+std::string in_quotes(std::string_view word)
+{
+    constexpr size_t kMost = 40;
+    const bool cut = word.size() > kMost;
+    return "\"" + std::string(word.substr(0, kMost)) + (cut ? "...\"" : "\"");
+}
+
 // ---- lines --------------------------------------------------------------------------------------
 
 void LineReader::skip_blanks()
@@ -290,7 +322,7 @@ std::string_view LineReader::peek_word()
     if (end < line_.size() && line_[end] == '.') {
         end++;
     }
-    while (end < line_.size() && (is_letter(line_[end]) || is_digit(line_[end]))) {
+    while (end < line_.size() && is_word(line_[end])) {
         end++;
     }
     return line_.substr(at_, end - at_);
@@ -310,8 +342,7 @@ uint64_t LineReader::term(const char *what, bool bare_hex)
         name.empty() || is_digit(name[0]) || symbols_ == nullptr ? std::nullopt : (*symbols_)(name);
     if (bare_hex && is_bare_hex(name)) {
         if (symbol) {
-            fail_at(at_, "\"" + std::string(name) +
-                             "\" is a name and a hexadecimal number; expected 0x" +
+            fail_at(at_, in_quotes(name) + " is a name and a hexadecimal number; expected 0x" +
                              std::string(name) + " or another name");
         }
         word();
@@ -330,7 +361,7 @@ uint64_t LineReader::term(const char *what, bool bare_hex)
         return *number;
     }
     if (!name.empty() && is_letter(name[0]) && symbols_ != nullptr) {
-        fail_at(at_, "\"" + std::string(name) + "\" is not defined; expected " + what);
+        fail_at(at_, in_quotes(name) + " is not defined; expected " + what);
     }
     fail(what);
 }
@@ -401,18 +432,36 @@ std::string LineReader::string(const char *what)
     return text;
 }
 
-void LineReader::fail(const std::string &expected) const
+// What stands here, in words that any terminal can show.
+std::string LineReader::found() const
 {
-    if (at_ >= line_.size()) {
-        fail_at(at_, "expected " + expected + ", found the end of the line");
+    const std::string_view rest = line_.substr(at_);
+    if (rest.empty()) {
+        return "the end of the line";
     }
-    size_t end = at_ + 1;
-    while (end < line_.size() && is_letter(line_[at_]) &&
-           (is_letter(line_[end]) || is_digit(line_[end]))) {
+    const auto first = static_cast<uint8_t>(rest[0]);
+    if (first == 0) {
+        return "a NUL byte";
+    }
+    char text[40];
+    if (const uint32_t character = utf8_character(rest); character > 0x7f) {
+        std::snprintf(text, sizeof text, "the non-ASCII character U+%04X", character);
+        return text;
+    }
+    if (first < 0x20 || first > 0x7e) {
+        std::snprintf(text, sizeof text, "the byte 0x%02x", first);
+        return text;
+    }
+    size_t end = 1;
+    while (end < rest.size() && is_word(rest[0]) && is_word(rest[end])) {
         end++;
     }
-    fail_at(at_, "expected " + expected + ", found \"" + std::string(line_.substr(at_, end - at_)) +
-                     "\"");
+    return in_quotes(rest.substr(0, end));
+}
+
+void LineReader::fail(const std::string &expected) const
+{
+    fail_at(at_, "expected " + expected + ", found " + found());
 }
 
 void LineReader::fail_at(size_t at, const std::string &text) const

@@ -13,6 +13,11 @@ namespace ldsdk::host {
 inline constexpr uint64_t kNop = 0xca003df90000;        // MOV (CC0 = TRUE) VOID = 0x0
 inline constexpr uint64_t kNoInstruction = 1ull << 48;  // above every instruction
 
+inline constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";  // of UTF-8
+
+// A word in quotes for a message; a long one is cut.
+std::string in_quotes(std::string_view word);
+
 // Something in a line is not what it should be.
 struct LineError : std::runtime_error {
     LineError(size_t at, const std::string &text) : std::runtime_error(text), column(at + 1) {}
@@ -66,6 +71,7 @@ class LineReader {
   private:
     uint64_t term(const char *what, bool bare_hex);
     uint64_t sum(const char *what, bool bare_hex);
+    std::string found() const;
 
     std::string_view line_;
     const SymbolLookup *symbols_;

@@ -13,7 +13,6 @@ namespace ldsdk::host {
 
 namespace {
 
-constexpr size_t kMaxErrors = 20;
 constexpr size_t kTrailerSize = 32;
 constexpr size_t kEntrySize = sizeof(NpMicroSection);
 constexpr uint64_t kMaxLength = 1 << 24;  // of an image; instruction memory has 256 KiB
@@ -92,7 +91,9 @@ struct Section {
     std::map<size_t, Words> raw_groups;  // groups that are given as words, by number
 };
 
-// Reads a source twice: the first pass finds the places of the labels, the second one encodes.
+// Reads a source twice: the first pass finds the places of the labels, the second one encodes. Both
+// go on behind an error, and take what is wrong for something of the same size, so that one mistake
+// makes no others.
 class Assembler {
   public:
     Assembler(std::string_view source, const std::string &file) : source_(source), file_(file) {}
@@ -111,12 +112,14 @@ class Assembler {
     void pass(bool first);
     void read_line(std::string_view text);
     void read_directive(LineReader &line, size_t at, std::string_view name);
-    void define(LineReader &line, size_t at, std::string_view name, uint64_t value);
+    void define(LineReader &line, size_t at, std::string_view name, std::optional<uint64_t> value);
+    void define_label(LineReader &line, size_t at, std::string_view name);
     uint64_t number(LineReader &line, const char *what, uint64_t most);
     Section &section(uint32_t code);
+    bool takes_code() const;
     Section &code_section(LineReader &line, const char *what);
     std::vector<uint8_t> &data_bytes(LineReader &line);
-    void put_instruction(LineReader &line, size_t at, uint64_t word);
+    uint64_t &put_instruction(LineReader &line, size_t at);
     void put_all(LineReader &line, const char *what, uint64_t most, size_t size);
 
     void on_section(LineReader &line);
@@ -135,6 +138,8 @@ class Assembler {
     std::vector<uint8_t> code_bytes(const Section &section) const;
     std::vector<uint8_t> config_bytes();
     void finish();
+    template <typename Work>
+    bool attempt(Work work);
     void report(size_t line, size_t column, const std::string &text);
 
     std::string_view source_;
@@ -142,19 +147,28 @@ class Assembler {
     bool first_ = true;
     size_t line_number_ = 0;
     size_t directive_at_ = 0;
-    std::map<std::string, uint64_t, std::less<>> symbols_;
+    // Nothing for a name whose definition is wrong: a line that has it is left alone.
+    std::map<std::string, std::optional<uint64_t>, std::less<>> symbols_;
     std::map<std::string, size_t, std::less<>> defined_at_;  // line, in the present pass
     SymbolLookup lookup_ = [this](std::string_view name) -> std::optional<uint64_t> {
         const auto found = symbols_.find(name);
-        return found == symbols_.end() ? std::nullopt : std::optional(found->second);
+        if (found != symbols_.end() && !found->second) {
+            throw LineError(0, "");
+        }
+        return found == symbols_.end() ? std::nullopt : found->second;
     };
 
     std::vector<Section> sections_;
     std::optional<size_t> current_;  // index in sections_
+    bool lost_ = false;              // behind a section that cannot be: anything may stand there
+    Section scratch_{};              // what stands there
     std::array<std::optional<uint32_t>, kConfigWords> config_;
     std::array<uint8_t, kTrailerSize> trailer_{};
     std::optional<uint64_t> length_;
-    std::optional<std::vector<uint8_t>> raw_;  // the whole image
+    size_t length_line_ = 0;
+    std::optional<std::vector<uint8_t>> raw_;                  // the whole image
+    std::map<std::pair<size_t, size_t>, std::string> errors_;  // by line and column
+    size_t new_errors_ = 0;                                    // of the present pass
     Assembly result_;
 };
 
@@ -166,23 +180,47 @@ const Assembler::Directive Assembler::kDirectives[] = {
     {".byte", &Assembler::on_byte, false},      {".length", &Assembler::on_length, false},
 };
 
+// The second pass finds most errors of the first one again. An empty text stands for what another
+// error explains.
 void Assembler::report(size_t line, size_t column, const std::string &text)
 {
-    if (result_.errors.size() < kMaxErrors) {
-        result_.errors.push_back({file_, line, column, text});
+    if (text.empty()) {
+        return;
+    }
+    if (new_errors_ == kMaxErrors) {
+        result_.more_errors = true;
+        return;
+    }
+    new_errors_ += errors_.try_emplace({line, column}, text).second ? 1 : 0;
+}
+
+// False, and the error is reported, when the work meets one.
+template <typename Work>
+bool Assembler::attempt(Work work)
+{
+    try {
+        work();
+        return true;
+    }
+    catch (const LineError &error) {
+        report(line_number_, error.column, error.what());
+        return false;
     }
 }
 
 Assembly Assembler::run()
 {
     pass(true);
-    if (result_.errors.empty()) {
-        pass(false);
+    pass(false);
+    finish();
+    for (const auto &[place, text] : errors_) {
+        if (result_.errors.size() == kMaxErrors) {
+            result_.more_errors = true;
+            break;
+        }
+        result_.errors.push_back({file_, place.first, place.second, text});
     }
-    if (result_.errors.empty()) {
-        finish();
-    }
-    if (!result_.errors.empty()) {
+    if (!errors_.empty()) {
         result_.image.clear();
     }
     return std::move(result_);
@@ -195,17 +233,19 @@ void Assembler::pass(bool first)
     defined_at_.clear();
     sections_.clear();
     current_.reset();
+    lost_ = false;
+    scratch_ = {};
     raw_.reset();
+    new_errors_ = 0;
     std::string_view rest = source_;
+    if (rest.starts_with(kByteOrderMark)) {
+        report(1, 1, "a byte order mark begins the source; expected text without it");
+        rest.remove_prefix(kByteOrderMark.size());
+    }
     while (!rest.empty()) {
         const size_t end = std::min(rest.find('\n'), rest.size());
         line_number_++;
-        try {
-            read_line(rest.substr(0, end));
-        }
-        catch (const LineError &error) {
-            report(line_number_, error.column, error.what());
-        }
+        attempt([&] { read_line(rest.substr(0, end)); });
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
 }
@@ -219,7 +259,7 @@ void Assembler::read_line(std::string_view text)
     size_t at = line.at();
     std::string_view name = line.word();
     if (!name.empty() && line.take(':')) {
-        define(line, at, name, code_section(line, "a label").instructions.size());
+        define_label(line, at, name);
         if (line.at_end()) {
             return;
         }
@@ -233,15 +273,16 @@ void Assembler::read_line(std::string_view text)
     LineReader again(text, &lookup_);
     again.move_to(at);
     if (!is_mnemonic(name)) {
+        if (takes_code()) {
+            put_instruction(again, at);
+        }
         again.fail("an instruction, a directive or a label");
     }
-    if (first_) {
-        put_instruction(again, at, kNop);
-        return;
+    uint64_t &word = put_instruction(again, at);
+    if (!first_) {
+        word = read_instruction(again);
+        again.expect_end();
     }
-    const uint64_t word = read_instruction(again);
-    again.expect_end();
-    put_instruction(again, at, word);
 }
 
 void Assembler::read_directive(LineReader &line, size_t at, std::string_view name)
@@ -270,23 +311,33 @@ void Assembler::read_directive(LineReader &line, size_t at, std::string_view nam
     for (const TrailerName &trailer : kTrailerNames) {
         names += ", " + std::string(trailer.directive);
     }
-    line.fail_at(at, "no directive \"" + std::string(name) + "\"; expected one of " + names);
+    line.fail_at(at, "no directive " + in_quotes(name) + "; expected one of " + names);
 }
 
-void Assembler::define(LineReader &line, size_t at, std::string_view name, uint64_t value)
+void Assembler::define(LineReader &line, size_t at, std::string_view name,
+                       std::optional<uint64_t> value)
 {
     if (find_register(name) || is_mnemonic(name) || name[0] == '.' ||
         (name[0] >= '0' && name[0] <= '9')) {
-        line.fail_at(at, "\"" + std::string(name) +
-                             "\" cannot be a name; expected a word that is no register, "
+        line.fail_at(at, in_quotes(name) +
+                             " cannot be a name; expected a word that is no register, "
                              "instruction, directive or number");
     }
     const auto [before, fresh] = defined_at_.emplace(name, line_number_);
     if (!fresh) {
-        line.fail_at(at, "\"" + std::string(name) + "\" is defined in line " +
-                             std::to_string(before->second) + "; expected a new name");
+        line.fail_at(at, in_quotes(name) + " is defined in line " + std::to_string(before->second) +
+                             "; expected a new name");
     }
     symbols_.insert_or_assign(std::string(name), value);
+}
+
+// What is wrong with a label is wrong beside what else the line says.
+void Assembler::define_label(LineReader &line, size_t at, std::string_view name)
+{
+    std::optional<uint64_t> pc;
+    directive_at_ = at;
+    attempt([&] { pc = code_section(line, "a label").instructions.size(); });
+    attempt([&] { define(line, at, name, pc); });
 }
 
 uint64_t Assembler::number(LineReader &line, const char *what, uint64_t most)
@@ -312,23 +363,35 @@ Section &Assembler::section(uint32_t code)
     return sections_.emplace_back(Section{code, line_number_, {}, {}, {}, {}});
 }
 
-// The instruction section, if it is the present one. A source begins in it.
+// A source begins in the instruction section.
+bool Assembler::takes_code() const
+{
+    return lost_ || (current_ ? sections_[*current_].code == NP_MICRO_INSTR_STORE : !raw_);
+}
+
+// The instruction section, if it is the present one.
 Section &Assembler::code_section(LineReader &line, const char *what)
 {
-    if (!current_ && !raw_) {
-        section(NP_MICRO_INSTR_STORE);
-        current_ = sections_.size() - 1;
-    }
-    if (raw_ || sections_[*current_].code != NP_MICRO_INSTR_STORE) {
+    if (!takes_code()) {
         line.fail_at(directive_at_, std::string(what) +
                                         " cannot stand here; expected .section instructions "
                                         "before it");
+    }
+    if (lost_) {
+        return scratch_;
+    }
+    if (!current_) {
+        section(NP_MICRO_INSTR_STORE);
+        current_ = sections_.size() - 1;
     }
     return sections_[*current_];
 }
 
 std::vector<uint8_t> &Assembler::data_bytes(LineReader &line)
 {
+    if (lost_) {
+        return scratch_.bytes;
+    }
     if (raw_) {
         return *raw_;
     }
@@ -340,15 +403,19 @@ std::vector<uint8_t> &Assembler::data_bytes(LineReader &line)
     return sections_[*current_].bytes;
 }
 
-void Assembler::put_instruction(LineReader &line, size_t at, uint64_t word)
+// A place for one more instruction, which holds NOP.
+uint64_t &Assembler::put_instruction(LineReader &line, size_t at)
 {
     directive_at_ = at;
     std::vector<uint64_t> &instructions = code_section(line, "an instruction").instructions;
-    if (instructions.size() == NP_PC_NUM) {
+    const bool full = instructions.size() == NP_PC_NUM;
+    // Said once: behind that, one more place is used again and again.
+    instructions.resize(std::min<size_t>(instructions.size(), NP_PC_NUM) + 1, kNop);
+    if (full) {
         line.fail_at(at, "instruction memory is full; expected at most " +
                              std::to_string(NP_PC_NUM) + " instructions");
     }
-    instructions.push_back(word);
+    return instructions.back();
 }
 
 void Assembler::put_all(LineReader &line, const char *what, uint64_t most, size_t size)
@@ -370,6 +437,7 @@ void Assembler::put_all(LineReader &line, const char *what, uint64_t most, size_
 // .section NAME or CODE [, OFFSET]
 void Assembler::on_section(LineReader &line)
 {
+    lost_ = true;
     if (raw_) {
         line.fail_at(directive_at_, "sections cannot stand behind .raw; expected words and bytes");
     }
@@ -389,6 +457,7 @@ void Assembler::on_section(LineReader &line)
     }
     Section &chosen = section(static_cast<uint32_t>(code));
     current_ = static_cast<size_t>(&chosen - sections_.data());
+    lost_ = false;
     if (line.take(',')) {
         chosen.place = static_cast<uint32_t>(number(line, "an offset in the image", kMaxLength));
     }
@@ -424,8 +493,14 @@ void Assembler::on_equ(LineReader &line)
     if (name.empty()) {
         line.fail("a name");
     }
-    line.expect(',');
-    define(line, at, name, number(line, "a value, from numbers and names defined above", kMaxWord));
+    std::optional<uint64_t> value;
+    if (!attempt([&] {
+            line.expect(',');
+            value = number(line, "a value, from numbers and names defined above", kMaxWord);
+        })) {
+        line.skip_rest();
+    }
+    define(line, at, name, value);
 }
 
 void Assembler::on_word(LineReader &line)
@@ -441,32 +516,36 @@ void Assembler::on_byte(LineReader &line)
 // .insn WORD: an instruction as 48 bits.
 void Assembler::on_insn(LineReader &line)
 {
-    const uint64_t word =
-        first_ ? (line.skip_rest(), kNop) : number(line, "48 bits", kNoInstruction - 1);
-    put_instruction(line, directive_at_, word);
+    uint64_t &word = put_instruction(line, directive_at_);
+    if (first_) {
+        line.skip_rest();
+        return;
+    }
+    word = number(line, "48 bits", kNoInstruction - 1);
 }
 
 // .group W0, ... W7: a group as it stands in memory, with whatever ECC word.
 void Assembler::on_group(LineReader &line)
 {
     Section &code = code_section(line, ".group");
-    if (code.instructions.size() % NP_GROUP_INSTR != 0) {
+    const size_t begin = code.instructions.size();
+    const size_t group = (begin + NP_GROUP_INSTR - 1) / NP_GROUP_INSTR;
+    for (size_t at = begin; at < NP_GROUP_INSTR * (group + 1); at++) {
+        put_instruction(line, directive_at_);
+    }
+    if (begin % NP_GROUP_INSTR != 0 && begin <= NP_PC_NUM) {
         line.fail_at(directive_at_, "a group cannot begin here; expected .align before it");
     }
     if (first_) {
         line.skip_rest();
+        return;
     }
-    else {
-        Words &group = code.raw_groups[code.instructions.size() / NP_GROUP_INSTR];
-        for (uint32_t i = 0; i < NP_GROUP_WORDS; i++) {
-            if (i > 0) {
-                line.expect(',');
-            }
-            group[i] = static_cast<uint32_t>(number(line, "a word of the group", kMaxWord));
+    Words &words = code.raw_groups[group];
+    for (uint32_t i = 0; i < NP_GROUP_WORDS; i++) {
+        if (i > 0) {
+            line.expect(',');
         }
-    }
-    for (uint32_t slot = 0; slot < NP_GROUP_INSTR; slot++) {
-        put_instruction(line, directive_at_, kNop);
+        words[i] = static_cast<uint32_t>(number(line, "a word of the group", kMaxWord));
     }
 }
 
@@ -474,12 +553,14 @@ void Assembler::on_group(LineReader &line)
 void Assembler::on_length(LineReader &line)
 {
     length_ = number(line, "the length of the image in bytes", kMaxLength);
+    length_line_ = line_number_;
 }
 
 // .raw: nothing but the words and bytes that follow.
 void Assembler::on_raw(LineReader &line)
 {
     if (!sections_.empty()) {
+        lost_ = true;
         line.fail_at(directive_at_, ".raw cannot stand behind a section; expected it first");
     }
     raw_.emplace();
@@ -567,6 +648,7 @@ std::vector<uint8_t> Assembler::config_bytes()
 
 void Assembler::finish()
 {
+    new_errors_ = 0;
     if (raw_) {
         result_.image = *raw_;
         return;
@@ -594,7 +676,6 @@ void Assembler::finish()
             report(one.line, 1,
                    "the configuration is given as words and by directives; "
                    "expected one of them");
-            return;
         }
         body.resize((body.size() + 3) / 4 * 4);
         if (one.place) {
@@ -602,9 +683,8 @@ void Assembler::finish()
                 report(one.line, 1,
                        "offset " + std::to_string(*one.place) + " is taken; expected " +
                            std::to_string(body.size()) + " or more");
-                return;
             }
-            body.resize(*one.place);
+            body.resize(std::max<size_t>(body.size(), *one.place));
         }
         put_word(table, one.code);
         put_word(table, static_cast<uint32_t>(body.size()));
@@ -615,7 +695,7 @@ void Assembler::finish()
     body.resize((body.size() + 3) / 4 * 4);
     if (length_) {
         if (*length_ < body.size() + kTrailerSize) {
-            report(line_number_, 1,
+            report(length_line_, 1,
                    ".length " + std::to_string(*length_) + " is too short; expected " +
                        std::to_string(body.size() + kTrailerSize) + " or more");
             return;

@@ -4,6 +4,7 @@
 // are big-endian. The instruction section holds groups of four instructions with their ECC word.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -23,9 +24,12 @@ struct SourceError {
     std::string message() const;
 };
 
+inline constexpr size_t kMaxErrors = 1000;
+
 struct Assembly {
     std::vector<uint8_t> image;       // empty when there are errors
-    std::vector<SourceError> errors;  // the first 20, by line
+    std::vector<SourceError> errors;  // the first kMaxErrors, by line
+    bool more_errors = false;         // than those
 };
 
 // Assembles a source; docs/microcode.md describes its language.

@@ -3,7 +3,10 @@
 #include "host/asm_instruction.h"
 #include "ldsdk/host.h"
 #include "ldsdk/micro.h"
+#include "platform/bus.h"
+#include "sdk/frame/registry.h"
 #include "sdk/micro/group.h"
+#include "sdk/micro/load.h"
 
 #include <sys/mman.h>
 #include <algorithm>
@@ -68,6 +71,14 @@ class LowMemory {
     {
         return at_;
     }
+    // size bytes from an address on; null when they don't lie here.
+    void *find(uint32_t wanted, uint32_t size) const
+    {
+        const uint64_t offset = uint64_t{wanted} - address();
+        return at_ != nullptr && wanted >= address() && offset + size <= size_
+                   ? static_cast<uint8_t *>(at_) + offset
+                   : nullptr;
+    }
     uint32_t address() const
     {
         return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(at_));
@@ -85,9 +96,23 @@ std::array<LowMemory, NP_CHIP_NUM> &images()
     return kept;
 }
 
+// For the commands that name one.
+constexpr OsImages kRegistered = {
+    [](uint32_t address, uint32_t size) -> void * {
+        for (const LowMemory &image : images()) {
+            if (void *found = image.find(address, size); found != nullptr) {
+                return found;
+            }
+        }
+        return nullptr;
+    },
+    [](uint32_t) {},
+};
+
 template <typename Load>
 uint32_t load_with(uint32_t chip, std::span<const uint8_t> image, Load load)
 {
+    Os_ImagesAttach(&kRegistered);
     LowMemory memory(image.size());
     if (!image.empty()) {
         std::memcpy(memory.data(), image.data(), image.size());
@@ -119,6 +144,28 @@ std::vector<uint8_t> read_image(const std::string &path)
         throw std::runtime_error(path + ": " + std::strerror(errno));
     }
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string missing_bytes(std::span<const uint8_t> image)
+{
+    const auto word = [&](size_t at) {
+        return static_cast<uint64_t>(image[at]) << 24 | static_cast<uint64_t>(image[at + 1]) << 16 |
+               static_cast<uint64_t>(image[at + 2]) << 8 | image[at + 3];
+    };
+    uint64_t end = 0;
+    for (size_t entry = 0; entry < NP_MICRO_SECTION_NUM; entry++) {
+        const size_t at = entry * sizeof(NpMicroSection);
+        if (at + sizeof(NpMicroSection) > image.size() || word(at) == NP_MICRO_END) {
+            break;
+        }
+        end = std::max(end, word(at + 4) + word(at + 8));
+    }
+    const uint64_t least = (end + 3) / 4 * 4 + NP_MICRO_TRAILER_SIZE;
+    const std::string found = std::to_string(image.size()) + " bytes; expected ";
+    if (image.size() < least) {
+        return found + std::to_string(least) + " or more, for its sections and the version text";
+    }
+    return image.size() % 4 != 0 ? found + "a multiple of 4" : "";
 }
 
 uint32_t load_image(uint32_t chip, std::span<const uint8_t> image)

@@ -16,6 +16,10 @@ inline constexpr size_t kMaxImageSize = 16 << 20;
 // cannot be read or is too large.
 std::vector<uint8_t> read_image(const std::string &path);
 
+// What says that an image has lost bytes at its end, in words; empty for one that looks whole. The
+// module takes such an image all the same.
+std::string missing_bytes(std::span<const uint8_t> image);
+
 // Loads an image into a chip, or replaces the code of its running atoms (bitmap 1 to 15). The image
 // is copied into memory that a 32-bit address can name, where it stays until the chip's next load.
 // Gives what the SDK answers. Throws std::runtime_error when there is no such memory.

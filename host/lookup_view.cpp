@@ -5,6 +5,7 @@
 #include "sdk/lookup/eml.h"
 #include "sdk/lookup/flee.h"
 #include "sdk/lookup/lcam.h"
+#include "sdk/tables/tables.h"
 
 #include <strings.h>
 #include <algorithm>
@@ -12,16 +13,6 @@
 #include <cstdarg>
 #include <cstdio>
 #include <stdexcept>
-
-// Owners of priority blocks. A family that isn't part of the build has none.
-extern "C" {
-[[gnu::weak]] extern NpPriBlockPoint *g_pastMultiServicePriPoint[NP_CHIP_NUM];
-[[gnu::weak]] extern uint32_t g_ulPriMax[NP_CHIP_NUM];
-[[gnu::weak]] extern NpPriBlockPoint *g_pastL2paBlockInfo[NP_CHIP_NUM];
-[[gnu::weak]] extern uint32_t g_aulL2paPriMax[NP_CHIP_NUM];
-[[gnu::weak]] extern NpPriBlockPoint *g_pastL3paBlockInfo[NP_CHIP_NUM];
-[[gnu::weak]] extern uint32_t g_aulL3paPriMax[NP_CHIP_NUM];
-}
 
 namespace ldsdk::host {
 
@@ -309,6 +300,33 @@ std::optional<uint32_t> shadow_differences(uint32_t chip, uint32_t table,
 
 // ---- local CAM ----------------------------------------------------------------------------------
 
+// The family that keeps a table's rules by priority, null for any other table.
+const NpPriTable *rules_of(uint32_t chip, uint32_t table)
+{
+    for (uint32_t i = 0; i < g_ulNpPriTableNum; i++) {
+        const NpPriTable *owner = g_astNpPriTable[i].pstTable;
+        if (owner->ucLcamTable == table && chip < NP_CHIP_NUM && Np_PriTable_IsReady(owner, chip)) {
+            return owner;
+        }
+    }
+    return nullptr;
+}
+
+// Whose rule an entry is, by the host's own tables.
+void add_rule(std::string &text, uint32_t chip, uint32_t table, uint32_t offset)
+{
+    const NpPriTable *owner = rules_of(chip, table);
+    if (owner == nullptr) {
+        return;
+    }
+    const uint32_t number = owner->ppulEntryKey[chip][offset];
+    if (number == NP_PRICAM_NONE) {
+        add(text, "  rule    unknown to the host\n");
+        return;
+    }
+    add(text, "  rule    %u, priority %u\n", number, owner->ppstKeyInfo[chip][number].ulPri);
+}
+
 std::string lookup_lcam_text(uint32_t chip, uint32_t table, std::span<const uint8_t> key)
 {
     const NpLcamConfig &config = lcam_config(chip, table);
@@ -324,6 +342,9 @@ std::string lookup_lcam_text(uint32_t chip, uint32_t table, std::span<const uint
     }
     if (result.hit) {
         add_place(text, config, result.place);
+        if (const auto offset = offset_of(config, result.place)) {
+            add_rule(text, chip, table, *offset);
+        }
         add(text, "  data    %s\n", hex({result.ad, result.ad_bytes}).c_str());
     }
     return text;
@@ -373,12 +394,6 @@ void draw_priorities(std::string &text, std::span<const NpPriBlockPoint> blocks)
         add(text, "%8u  %7u  %-13s  %6u\n", priority, block.ulPercent, range.c_str(), used);
     }
 }
-
-struct BlockOwner {
-    uint32_t table;
-    NpPriBlockPoint **blocks;
-    const uint32_t *highest;
-};
 
 }  // namespace
 
@@ -487,18 +502,11 @@ std::string show_eml_text(uint32_t chip, uint32_t table)
 
 std::span<const NpPriBlockPoint> priority_blocks(uint32_t chip, uint32_t table)
 {
-    const BlockOwner owners[] = {
-        {NP_LCAM_IFT_KEY, g_pastMultiServicePriPoint, g_ulPriMax},
-        {NP_LCAM_L2PA, g_pastL2paBlockInfo, g_aulL2paPriMax},
-        {NP_LCAM_L3PA, g_pastL3paBlockInfo, g_aulL3paPriMax},
-    };
-    for (const BlockOwner &owner : owners) {
-        if (owner.table == table && owner.blocks != nullptr && owner.highest != nullptr &&
-            chip < NP_CHIP_NUM && owner.blocks[chip] != nullptr) {
-            return {owner.blocks[chip], owner.highest[chip] + 1};
-        }
+    const NpPriTable *owner = rules_of(chip, table);
+    if (owner == nullptr) {
+        return {};
     }
-    return {};
+    return {owner->ppstPriPoint[chip], owner->pulPriMax[chip] + 1};
 }
 
 std::string show_lcam_text(uint32_t chip, uint32_t table, std::span<const NpPriBlockPoint> blocks)

@@ -65,12 +65,53 @@ typedef struct OsIoRow {
 // Maps the platform's rows (again, after a repeated call) and returns them; null if one fails.
 const OsIoRow *Os_IoExtraMap(void);
 
+// ---- microcode images -------------------------------------------------------------------------
+
+// The ulSize bytes of an image that a 32-bit word names. They stay there until Os_ImagePut with the
+// same word, once for each get that did not answer null.
+// bRegistered: only what the board has registered (ldsdk/micro.h) counts, as for a word that
+// somebody typed; null for all else. Without it also the caller's own memory, where words can name
+// it: all of user space's below 4 GiB, and a 32-bit kernel's own.
+void *Os_ImageGet(uint32_t ulAddress, uint32_t ulSize, bool bRegistered);
+void Os_ImagePut(uint32_t ulAddress);
+
 // ---- processor --------------------------------------------------------------------------------
 
 void Os_Sleep(uint32_t ulMs);           // sleeps at least ulMs milliseconds
 void Os_Schedule(void);                 // gives the processor up once
 uintptr_t Os_IrqSave(void);             // masks interrupts here, returns the old state
 void Os_IrqRestore(uintptr_t ulState);  // puts a state of Os_IrqSave back
+
+// ---- callers ----------------------------------------------------------------------------------
+//
+// Bring-up and tear-down run alone: each exported call stands between these two, so that a platform
+// where siblings and commands run at the same time can hold one off against the other.
+
+typedef enum OsTurn {
+    OS_TURN_REFUSED,  // somebody else keeps the SDK: nothing may be touched
+    OS_TURN_NESTED,   // inside of what the caller holds already
+    OS_TURN_SHARED,   // beside other calls
+    OS_TURN_ALONE,    // no other call and no command is inside
+} OsTurn;
+
+#ifdef LDSDK_MANY_CALLERS
+// Waits a few seconds at most for enTurn, OS_TURN_SHARED or OS_TURN_ALONE, and says what came of
+// it. Where the caller may not sleep it does not wait, and nobody gets to be alone.
+OsTurn Os_TurnTake(OsTurn enTurn);
+// Gives back what it answered; nothing for OS_TURN_REFUSED and OS_TURN_NESTED.
+void Os_TurnGive(OsTurn enTurn);
+#else
+// One thread: there is nobody to wait for.
+static inline OsTurn Os_TurnTake(OsTurn enTurn)
+{
+    (void)enTurn;
+    return OS_TURN_NESTED;
+}
+static inline void Os_TurnGive(OsTurn enTurn)
+{
+    (void)enTurn;
+}
+#endif
 
 // ---- misc device ------------------------------------------------------------------------------
 

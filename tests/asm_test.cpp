@@ -121,7 +121,11 @@ TEST(AssemblerErrors, TellTheLineTheColumnAndWhatWasExpected)
         {"NOP\n.raw", "2:1: .raw cannot stand behind a section"},
         {".maxpc 3\n.section configuration\n.word 1", "1:1: the configuration is given as words"},
         {".section rules, 8", "1:1: offset 8 is taken; expected"},
-        {".length 10", "1:1: .length 10 is too short; expected"},
+        {"NOP\n.length 10\nNOP", "2:1: .length 10 is too short; expected"},
+        {"NOP \xc3\xa9", "1:5: expected the end of the line, found the non-ASCII character U+00E9"},
+        {"NOP \xe9", "1:5: expected the end of the line, found the byte 0xe9"},
+        {"\x1b[0m", "1:1: expected an instruction, a directive or a label, found the byte 0x1b"},
+        {"\xef\xbb\xbfNOP", "1:1: a byte order mark begins the source"},
     };
     for (const auto &row : rows) {
         const Assembly result = assemble(row.source, "code.npasm");
@@ -134,15 +138,52 @@ TEST(AssemblerErrors, TellTheLineTheColumnAndWhatWasExpected)
                     StartsWith(std::string("code.npasm:") + row.message))
             << row.source;
     }
-    // Several at once, in their order, but not without end.
-    const Assembly two = assemble("ADD\nNOP\nSUB\n", "x");
-    ASSERT_EQ(two.errors.size(), 2u);
-    EXPECT_EQ(two.errors[1].line, 3u);
-    std::string many;
-    for (int i = 0; i < 100; i++) {
-        many += "ADD\n";
+    const std::string nul("NOP\0", 4);
+    EXPECT_THAT(assemble(nul, "x").errors.at(0).text, HasSubstr("found a NUL byte"));
+    const std::string word(1 << 20, 'x');
+    EXPECT_LT(assemble(word + "\nJMP (CC0 = TRUE) " + word, "x").errors.at(1).text.size(), 200u);
+}
+
+// Each error of a source, in one go, and none that another one made.
+TEST(AssemblerErrors, AllOfThemAtOnce)
+{
+    const Assembly result = assemble(R"(.equ BIG, 0x100000000
+        JMP (CC0 = TRUE) nowhere
+        ADDD R1W
+        ADD R1W = R2W, 0x10000
+R1W:    ADD R256W = R2W, R3W
+        .org 1
+back:   .insn 1, 0
+        .group 1
+        .group 0, 1, 2, 3, 4, 5, 6, 7
+        .section nothing
+        .word back, nowhere
+        NOP
+        .section rules, BIG
+        .word BIG + 0xffffffff, BIG - 1
+        .startpc back
+        .length 8
+)",
+                                     "x");
+    std::string places;
+    for (const SourceError &error : result.errors) {
+        places += std::to_string(error.line) + ":" + std::to_string(error.column) + " ";
     }
-    EXPECT_EQ(assemble(many, "x").errors.size(), 20u);
+    EXPECT_EQ(places, "1:11 2:26 3:9 4:24 5:1 5:13 6:14 7:16 8:9 10:18 11:21 16:1 ");
+    EXPECT_TRUE(result.image.empty());
+    std::string many;
+    for (size_t i = 0; i < kMaxErrors + 5; i++) {
+        many += i % 2 == 0 ? "JMP (CC0 = TRUE) nowhere\n" : "ADD\n";
+    }
+    const Assembly cut = assemble(many, "x");
+    ASSERT_EQ(cut.errors.size(), kMaxErrors);
+    EXPECT_EQ(cut.errors.back().line, kMaxErrors);
+    EXPECT_TRUE(cut.more_errors);
+    many.clear();
+    for (size_t i = 0; i < 33000; i++) {
+        many += "NOP\n";
+    }
+    EXPECT_EQ(assemble(many, "x").errors.size(), 1u) << "a memory that is full is told once";
 }
 
 // ---- images -------------------------------------------------------------------------------------

@@ -1,4 +1,5 @@
 // The host's C door and the reference sibling.
+#include "host/image.h"
 #include "host/sibling.h"
 #include "ldsdk/host.h"
 #include "sdk/access/bus.h"
@@ -8,6 +9,7 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <thread>
 
 namespace ldsdk::test {
 
@@ -51,6 +53,12 @@ TEST_F(Door, AnswersWhatItsHeaderSays)
         {ldsdk_model_advance(0, 10), LDSDK_HOST_OK, "time"},
         {ldsdk_model_advance(1, 10), LDSDK_HOST_CHIP, "not attached"},
         {ldsdk_model_attach(4), LDSDK_HOST_CHIP, "no such chip"},
+        {ldsdk_image_load(0, nullptr, 4), LDSDK_HOST_NULL, "no image"},
+        {ldsdk_image_load(0, &value, 0), LDSDK_HOST_NULL, "no byte"},
+        {ldsdk_image_load(0, &value, SIZE_MAX), LDSDK_HOST_MEMORY, "too large"},
+        {ldsdk_image_load(1, &value, 4), LDSDK_HOST_CHIP, "not attached"},
+        {ldsdk_image_load(4, &value, 4), LDSDK_HOST_CHIP, "no such chip"},
+        {ldsdk_image_load(0, &value, 4), NP_ERR_CHIP_ID, "not registered"},
     };
     for (const auto &call : calls) {
         EXPECT_EQ(call.got, call.expected) << call.what;
@@ -97,6 +105,56 @@ TEST_F(Door, CommandsGoThroughTheDevice)
     EXPECT_EQ(ldsdk_device_ioctl(buffer), -14);
     EXPECT_EQ(text, "\nError! cmd argc from userspace is 0.\n");
     ldsdk_set_output(nullptr, nullptr);
+}
+
+// An image comes from wherever the caller has it, and stays as it is there.
+TEST_F(Door, LoadsAnImageFromAnywhere)
+{
+    host::Sibling sibling({});
+    ASSERT_EQ(sibling.start(), NP_OK);
+    const std::vector<uint8_t> image =
+        host::read_image(std::string(LDSDK_LIBRARY_DIR "/") + "../share/ldsdk/forward.npimg");
+    std::vector<uint8_t> bytes = image;
+    ASSERT_GT(reinterpret_cast<uintptr_t>(bytes.data()), UINT32_MAX);
+    EXPECT_EQ(ldsdk_image_load(0, bytes.data(), bytes.size()), NP_OK);
+    EXPECT_EQ(bytes, image);
+    char version[33] = {};
+    EXPECT_EQ(Np_MicroVersion_Get(0, version), NP_OK);
+    EXPECT_STREQ(version, std::string(image.end() - 32, image.end()).c_str());
+    EXPECT_EQ(ldsdk_image_load(0, bytes.data(), 8), NP_ERR_NOT_EXIST);
+}
+
+// The sink runs within a command: another thread finds the door taken, the same one may ask.
+TEST_F(Door, LetsOneThreadIn)
+{
+    static uint32_t value = 0;
+    static char buffer[512] = {1};
+    static uint32_t prints = 0;
+    const auto sink = [](const char *, void *) {
+        prints++;
+        std::thread([] {
+            EXPECT_EQ(ldsdk_model_attach(0), LDSDK_HOST_BUSY);
+            EXPECT_EQ(ldsdk_model_peek(0, kAddress, &value), LDSDK_HOST_BUSY);
+            EXPECT_EQ(ldsdk_model_poke(0, kAddress, 1), LDSDK_HOST_BUSY);
+            EXPECT_EQ(ldsdk_model_advance(0, 1), LDSDK_HOST_BUSY);
+            EXPECT_EQ(ldsdk_model_fault("alloc"), LDSDK_HOST_BUSY);
+            EXPECT_STRNE(ldsdk_model_error(), "");
+            EXPECT_EQ(ldsdk_image_load(0, &value, 4), LDSDK_HOST_BUSY);
+            EXPECT_EQ(ldsdk_set_output(nullptr, nullptr), LDSDK_HOST_BUSY);
+            EXPECT_EQ(ldsdk_device_ioctl(buffer), -16);
+        }).join();
+        EXPECT_EQ(ldsdk_model_peek(0, kAddress, &value), LDSDK_HOST_OK);
+        EXPECT_EQ(ldsdk_device_ioctl(buffer), -16);
+        EXPECT_EQ(ldsdk_image_load(0, &value, 4), LDSDK_HOST_BUSY);
+    };
+    ldsdk_model_poke(0, kAddress, 0x1234);
+    EXPECT_EQ(ldsdk_set_output(sink, nullptr), LDSDK_HOST_OK);
+    EXPECT_EQ(ldsdk_device_ioctl(buffer), 0);
+    EXPECT_EQ(ldsdk_set_output(nullptr, nullptr), LDSDK_HOST_OK);
+    EXPECT_GT(prints, 0u);
+    EXPECT_EQ(value, 0x1234u);
+    EXPECT_EQ(model::faults_count(), 0u);
+    std::thread([] { EXPECT_EQ(ldsdk_model_advance(0, 1), LDSDK_HOST_OK); }).join();
 }
 
 TEST_F(Door, SiblingBringsAChipUpAndDown)

@@ -35,15 +35,6 @@ class PlainTable {
         }
         return result;
     }
-    // Into a half of its own, whatever has more room.
-    uint32_t put(uint32_t number, uint32_t one, uint32_t two, uint32_t half)
-    {
-        set_home(number, one, two);
-        const NpEmlPlace place = {one, two, 0, half, half == 0 ? one : two, 0};
-        uint8_t item[NP_EML_ITEM_MAX] = {};
-        std::memcpy(item, &number, sizeof(number));
-        return Np_EmlPlaceDirect(&store, &place, item);
-    }
     bool drop(uint32_t index)
     {
         items_[index] = 0;
@@ -185,60 +176,6 @@ TEST(EmlPlacement, MillionsOfSteps)
         }
         EXPECT_GT(table.moves, 1000u);
         EXPECT_GT(refused, 1000u);
-    }
-}
-
-// Four buckets; key (0, 3) comes last.
-TEST(EmlPlacement, NamedCases)
-{
-    struct Put {
-        uint32_t one, two, half, count;
-    };
-    struct Case {
-        const char *name;
-        std::vector<Put> before;
-        uint32_t result;
-        uint32_t index;  // where the new number goes
-        uint32_t moves;
-    };
-    const Case cases[] = {
-        {"empty", {}, NP_OK, 7, 0},
-        {"one free in each half",
-         {{0, 2, 0, 3}, {1, 3, 1, 3}, {1, 2, 0, 3}, {1, 2, 1, 3}},
-         NP_OK,
-         4,
-         0},
-        {"more room in the hash-2 half", {{0, 3, 0, 2}, {0, 3, 1, 1}}, NP_OK, 8 * 3 + 2, 0},
-        {"one free, but an item there has three free elsewhere",
-         {{0, 2, 0, 3}, {0, 3, 1, 4}, {1, 2, 1, 1}},
-         NP_OK,
-         4 + 1,
-         1},
-        {"both full, the hash-2 half's items have room",
-         {{0, 2, 0, 4}, {1, 2, 1, 4}, {1, 3, 1, 4}},
-         NP_OK,
-         8 * 3,
-         1},
-        {"no room anywhere", {{0, 3, 0, 4}, {0, 3, 1, 4}}, NP_ERR_HASH_CONFLICT, 0, 0},
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.name);
-        PlainTable table(4);
-        uint32_t number = 0;
-        for (const Put &put : c.before) {
-            for (uint32_t i = 0; i < put.count; i++) {
-                ASSERT_EQ(table.put(++number, put.one, put.two, put.half), NP_OK);
-            }
-        }
-        ASSERT_EQ(table.add(99, 0, 3), c.result);
-        EXPECT_EQ(table.moves, c.moves);
-        if (c.result == NP_OK) {
-            EXPECT_EQ(table.at(c.index), 99u);
-        }
-        table.check_shadow();
-        for (uint32_t old = 1; old <= number; old++) {
-            EXPECT_TRUE(table.holds(old));
-        }
     }
 }
 

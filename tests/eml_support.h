@@ -256,10 +256,12 @@ class EmlUp : public ChipUp {
         Bytes item = make_item(shape, key, Bytes(shape.ad), 0);
         return Np_Tarn_EML_ItemDel(0, shape.table, type, item.data());
     }
-    // The entry that the chip's microcode finds, in the hash table or behind it.
-    static std::optional<std::pair<Entry, bool>> lookup(const Shape &shape, const Bytes &key)
+    // The entry that the chip's microcode finds, in the hash table or behind it. The flee store has
+    // its copy, if any, in block 0.
+    static std::optional<std::pair<Entry, bool>> lookup(const Shape &shape, const Bytes &key,
+                                                        uint32_t block = 2)
     {
-        const model::FleeStore flee = {1, 2, 8, shape.table & 0xf};
+        const model::FleeStore flee = {1, block, 8, shape.table & 0xf};
         const model::EmlQuery query = {0, shape.tid, key.data(), shape.key,
                                        shape.flee ? &flee : nullptr};
         model::EmlResult result = {};

@@ -7,9 +7,9 @@
 #include "platform/bus.h"
 #include "platform/driver.h"
 #include "platform/host/host_os.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/frame/bringup.h"
 #include "sdk/frame/registry.h"
-#include "sdk/frame/trace.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

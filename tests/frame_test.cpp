@@ -3,8 +3,8 @@
 
 #include "sdk/access/bus.h"
 #include "sdk/access/smem.h"
-#include "sdk/frame/error_table.h"
-#include "sdk/frame/service.h"
+#include "sdk/frame/base/error_table.h"
+#include "sdk/frame/base/service.h"
 
 #include <array>
 #include <cstring>
@@ -94,7 +94,7 @@ TEST_F(Registry, EveryWrapperChecksTheChipAndItsSlot)
     {slot, #wrapper, reinterpret_cast<Plain>(reinterpret_cast<void (*)()>(&wrapper))},
 #define NP_SERVICE_EMPTY(slot, door, wrapper, arity) \
     {slot, #wrapper, reinterpret_cast<Plain>(reinterpret_cast<void (*)()>(&wrapper))},
-#include "sdk/frame/service_list.h"
+#include "sdk/frame/base/service_list.h"
     };
     const Plain answer = [](uint32_t chip) { return 0x1234 + chip; };
     EXPECT_EQ(std::size(wrappers), 376u);
@@ -236,7 +236,7 @@ TEST_F(Refusal, NothingReachesTheChip)
     const Service services[] = {
 #define NP_SERVICE(slot, door, wrapper, impl, arity, state) \
     {#wrapper, [](Nonsense nonsense) { return call_nonsense(&wrapper, nonsense); }, arity > 1},
-#include "sdk/frame/service_list.h"
+#include "sdk/frame/base/service_list.h"
     };
     uint32_t refused = 0;
     for (const Nonsense nonsense :

@@ -6,8 +6,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
+#include <chrono>
 #include <cstdio>
 #include <string>
+#include <thread>
 
 using namespace ldsdk::tool;
 
@@ -23,6 +25,8 @@ TEST(LogRecordTest, TakesApartWhatTheModulePrints)
         {"6,339,5140900,-;ldsdk: NP SDK is installed.\n", 339, "NP SDK is installed.\n"},
         {"6,340,5140900,-;ldsdk: \n", 340, "\n"},
         {"6,341,5140900,-;ldsdk+ piece\n", 341, "piece"},
+        {"6,341,5140900,-;ldsdk. last piece\n", 341, "last piece"},
+        {"6,341,5140900,-;ldsdk[12]: of a sibling's call\n", 341, nullptr},
         {"6,342,5140900,-;ldsdk: \\x0d[x 00001]: a\\x09b\n", 342, "\r[x 00001]: a\tb\n"},
         {"6,343,5140900,-;ldsdk: \\x5cx41 \\xc3\\xa9\n", 343, "\\x41 \xc3\xa9\n"},
         // no escapes of the kernel's: as they are
@@ -64,10 +68,10 @@ class KernelLogTest : public testing::Test {
         ASSERT_EQ(static_cast<ssize_t>(record.size()),
                   ::send(kernel_.get(), record.data(), record.size(), 0));
     }
-    uint64_t read()
+    uint64_t read(int wait_ms = 0)
     {
         text_.clear();
-        return log_->read([&](std::string_view text) { text_ += text; });
+        return log_->read([&](std::string_view text) { text_ += text; }, wait_ms);
     }
 
     Fd kernel_;
@@ -86,6 +90,20 @@ TEST_F(KernelLogTest, JoinsPiecesAndLeavesOthersOut)
     EXPECT_EQ("abc\n\n", text_);
     EXPECT_EQ(0u, read());
     EXPECT_EQ("", text_);
+}
+
+TEST_F(KernelLogTest, WaitsForTheLastRecordOfACommand)
+{
+    put(10, "ldsdk: a");
+    std::thread late([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        put(11, "ldsdk. b");
+        put(12, "ldsdk: of the next one");
+    });
+    EXPECT_EQ(0u, read(60000));
+    EXPECT_EQ("a\nb", text_);
+    late.join();
+    EXPECT_EQ(1u, read(1)) << "the next one's last record is lost";
 }
 
 TEST_F(KernelLogTest, CountsWhatTheKernelDropped)

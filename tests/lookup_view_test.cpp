@@ -175,12 +175,15 @@ TEST_F(LookupView, LocalCam)
         const Bytes key = {low, 9, 9, 9, 9, 9, 9, 9, 9, 0xf9};
         return host::lookup_text(0, LookupKind::kLcam, NP_LCAM_L2PA, key);
     };
+    ASSERT_EQ(Np_Tarn_LCAM_TcamDelete(0, NP_LCAM_L2PA, 127), 0u);  // what all packets match
     EXPECT_THAT(look(7), HasSubstr("miss in L2PA (table 1)\n"));
     write(127, 7);
     EXPECT_THAT(look(7), HasSubstr("  place   entry 127, block 0, TCAM 4, row 247\n"
+                                   "  rule    127, priority 0\n"
                                    "  data    01 02 03 04 05 06 07 07\n"));
     write(5, 7);
-    EXPECT_THAT(look(7), HasSubstr("  place   entry 5, block 0, TCAM 4, row 125\n"));
+    EXPECT_THAT(look(7), HasSubstr("  place   entry 5, block 0, TCAM 4, row 125\n"
+                                   "  rule    unknown to the host\n"));
     write(126, 8);
     write(63, 9);
     ASSERT_EQ(Np_Tarn_LCAM_TcamEnableSet(0, NP_LCAM_L2PA, 126, 0), 0u);

@@ -3,7 +3,7 @@
 #include "tests/fixture.h"
 
 #include "sdk/cpuchan/message.h"
-#include "sdk/frame/service.h"
+#include "sdk/frame/base/service.h"
 
 #include <functional>
 

@@ -433,6 +433,15 @@ TEST_F(ModelAutoSend, AnEndlessMoveOfTheClockEnds)
     EXPECT_EQ(model::kAutoBurst, state(0).count);
     model::advance(0, 1);
     EXPECT_EQ(model::kAutoBurst + 1, state(0).count) << "the channel goes on";
+    static uint32_t looks;
+    looks = 0;
+    model::pace_set([] { return ++looks < 3; });
+    model::advance(0, 1ull << 62);
+    model::pace_set(nullptr);
+    EXPECT_THAT(state(0).count - model::kAutoBurst,
+                testing::AllOf(testing::Ge(3u), testing::Lt(100u)))
+        << "cut short";
+    EXPECT_EQ((2ull << 62) + 1, model::clock_now(0)) << "with the clock where it should be";
 }
 
 // ---- decoding -----------------------------------------------------------------------------------

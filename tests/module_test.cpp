@@ -1,7 +1,7 @@
 // The command device's protocol, tracing, and the readers that turn text into values.
 #include "tests/shell.h"
 
-#include "sdk/frame/text.h"
+#include "sdk/frame/base/text.h"
 
 #include <algorithm>
 #include <cstdio>

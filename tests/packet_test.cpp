@@ -4,7 +4,7 @@
 
 #include "sdk/cpuchan/frameinfo.h"
 #include "sdk/cpuchan/packet.h"
-#include "sdk/frame/service.h"
+#include "sdk/frame/base/service.h"
 
 #include <functional>
 #include <memory>
@@ -611,6 +611,8 @@ TEST_F(Packets, SendCommand)
         {"cm ulPktLen 10241 end", "\n\r ulReturn = 0x9a000005(参数错误)"},
         {"queue ulFrameInfoType 9 pucData 00 end", "\n\r ulReturn = 0x9a000005(参数错误)"},
         {"cm end", "\n\r ulReturn = 0x9a000005(参数错误)"},
+        {"cm ulPktLen 0 pucData 00 end", "\n\r ulReturn = 0x9a000005(参数错误)"},
+        {"queue ulFrameInfoType eth ulTsMode sub ulTsAddr 1", "\n\r Command execute error!"},
     };
     for (const auto &[line, text] : bad) {
         EXPECT_THAT(run("micro cputr send insert_type " + line), EndsWith(text)) << line;

@@ -204,8 +204,8 @@ TEST_F(Captures, BadFilesAreRefusedInOneLine)
     };
     EXPECT_THAT(reason(folder.path("none.pcap")), HasSubstr("No such file"));
     EXPECT_THAT(reason(folder.write("text.pcap", "this is no capture at all, but it is long")),
-                HasSubstr("unknown file format"));
-    EXPECT_THAT(reason(folder.write("empty.pcap", "")), testing::Not("taken"));
+                HasSubstr("text.pcap: unknown file format"));
+    EXPECT_THAT(reason(folder.write("empty.pcap", "")), HasSubstr("empty.pcap: "));
     EXPECT_THAT(reason(kCaptures + "test_loopback.pcap"), HasSubstr("expected Ethernet"));
     // A file that ends within a frame: the whole ones before it are fed.
     std::ifstream whole(made(), std::ios::binary);
@@ -213,6 +213,19 @@ TEST_F(Captures, BadFilesAreRefusedInOneLine)
     EXPECT_THAT(reason(folder.write("torn.pcap", text.substr(0, text.size() - 100))),
                 HasSubstr("after 5 frames"));
     EXPECT_EQ(model::receive_waiting(0), 5u);
+    // Frames that the chip cannot have: a header of 24 bytes, then 16 bytes in front of each frame.
+    const std::string head = text.substr(0, 24);
+    const auto record = [](uint32_t size) {
+        const uint32_t words[] = {0, 0, size, size};
+        return std::string(reinterpret_cast<const char *>(words), sizeof words) +
+               std::string(size, 'x');
+    };
+    EXPECT_THAT(reason(folder.write("none.pcap", head + record(60) + record(0))),
+                HasSubstr("none.pcap: after 1 frames: a frame of 0 bytes; expected 1 to 10240"));
+    EXPECT_THAT(reason(folder.write("long.pcap", head + record(10241))),
+                HasSubstr("after 0 frames: a frame of 10241 bytes"));
+    EXPECT_EQ(reason(folder.write("most.pcap", head + record(10240) + record(1))), "taken");
+    EXPECT_EQ(model::receive_waiting(0), 8u);
     EXPECT_THROW(host::save_capture(folder.path("no/such/folder.pcap"), 0), std::runtime_error);
 }
 

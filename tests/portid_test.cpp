@@ -3,7 +3,7 @@
 #include "tests/fixture.h"
 
 #include "sdk/access/portid.h"
-#include "sdk/frame/service.h"
+#include "sdk/frame/base/service.h"
 
 namespace {
 

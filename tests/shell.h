@@ -1,8 +1,8 @@
 // The command device as a tool sees it.
 #pragma once
 
-#include "sdk/module/cli.h"
-#include "sdk/module/smd.h"
+#include "sdk/module/cli/cli.h"
+#include "sdk/module/cli/smd.h"
 #include "sdk/module/tree.h"
 #include "tests/fixture.h"
 

@@ -1,8 +1,10 @@
-// The flat tables: what is written of each, and their command lines.
+// The flat tables: their places, their functions by name, and their command lines. What is written
+// of their rows stands in tests/rows.txt.
 #include "tests/rows.h"
 
-#include <set>
-#include <sstream>
+#include "ldsdk/ipqam.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/module/smd_ipqam.h"
 
 namespace ldsdk::test {
 
@@ -10,324 +12,6 @@ namespace {
 
 using testing::EndsWith;
 using testing::HasSubstr;
-
-// ---- what is written of each table --------------------------------------------------------------
-
-// The messages of a table's checks in their order: the field as the command line's own name, a bad
-// value, the message. With the checks from k on all failing, the k-th speaks.
-struct Order {
-    const char *table;
-    struct Step {
-        const char *field;
-        uint32_t bad;
-        const char *message;
-    };
-    std::vector<Step> steps;
-};
-
-const char kEnable[] = "enable Para error: 0x%08x \r\n";
-const char kBool[] = "true/false Para error: 0x%08x \r\n";
-
-const Order kOrders[] = {
-    {"Np_MetTbl",
-     {{"key ulIndex", 2000, "param error! (ulIndex)=0x%08x\r\n"},
-      {"ulOpCode", 8, "param error! (pstMet->ulOpCode)=0x%08x\r\n"},
-      {"unDstintf.ulOftID", 0x2000, "param error! (pstMet->unDstintf.ulOftID)=0x%08x\r\n"},
-      {"ulValid", 2, kEnable},
-      {"ulNextMetID", 0x8000, "param error! (pstMet->ulNextMetID)=0x%08x\r\n"}}},
-    {"Np_BrltTbl",
-     {{"key ulIndex", 64, "param error! (ulIndex)=0x%08x\r\n"},
-      {"ulBcLimitCarProfile", 256, "param error! (pstBrl->ulBcLimitCarProfile)=0x%08x\r\n"},
-      {"ulUnMcLimitCarProfile", 256, "param error! (pstBrl->ulUnMcLimitCarProfile)=0x%08x\r\n"},
-      {"ulUnUcLimitCarProfile", 256, "param error! (pstBrl->ulUnUcLimitCarProfile)=0x%08x\r\n"}}},
-    {"Np_MdiInfoTbl",
-     {{"key ulMdiID", 4, "param error! (ulMdiID)=0x%08x\r\n"},
-      {"key ulOffset", 128, "param error! (ulOffset)=0x%08x\r\n"},
-      {"ulArriveTimeL16", 0x10000, "param error! (pstMdiInfo->ulArriveTimeL16)=0x%08x\r\n"},
-      {"ulPktLen", 0x10000, "param error! (pstMdiInfo->ulPktLen)=0x%08x\r\n"}}},
-    {"Np_VlanTbl",
-     {{"key ulVlanID", 4096, "param error! (ulVlanID)=0x%08x\r\n"},
-      {"ulMccLeafID", 2000, "param error! (pstVlan->ulMccLeafID)=0x%08x\r\n"},
-      {"ulMstpID", 4, "param error! (pstVlan->ulMstpID)=0x%08x\r\n"},
-      {"ulVlanIf", 32, "param error! (pstVlan->ulVlanIf)=0x%08x\r\n"},
-      {"ulVrfID", 16, "param error! (pstVlan->ulVrfID)=0x%08x\r\n"},
-      {"ulPortBitMap", 0x4000000, "param error! (pstVlan->ulPortBitMap)=0x%08x\r\n"},
-      {"ulUrpfMode", 4, "param error! (pstVlan->ulUrpfMode)=0x%08x\r\n"},
-      {"ulMcSearchMode", 8, "param error! (pstVlan->ulMcSearchMode)=0x%08x\r\n"},
-      {"ulNLrnMode", 8, "param error! (pstVlan->ulNLrnMode)=0x%08x\r\n"},
-      {"ulULrnMode", 8, "param error! (pstVlan->ulULrnMode)=0x%08x\r\n"},
-      {"ulPppoeVmacMask", 4, "param error! (pstVlan->ulPppoeVmacMask)=0x%08x\r\n"},
-      {"ulNonPppoeVmacMask", 4, "param error! (pstVlan->ulNonPppoeVmacMask)=0x%08x\r\n"},
-      {"ulFwd", 4, "param error! (pstVlan->ulFwd)=0x%08x\r\n"},
-      {"ulUpBcFilterEnable", 2, kEnable},
-      {"ulUpBcNoDropEnable", 3, kEnable},
-      {"ulUpUnMcFiterEnable", 4, kEnable},
-      {"ulUpUnMcNoDropEnable", 5, kEnable},
-      {"ulUpUnUcFiterEnable", 6, kEnable},
-      {"ulUpUnUcNoDropEnable", 7, kEnable},
-      {"ulBrasMacEnable", 8, kEnable},
-      {"ulVlanIfEnable", 9, kEnable},
-      {"ulMcModeEnable", 10, kEnable},
-      {"ulDownBcFilterEnable", 11, kEnable},
-      {"ulDownBcNoDropEnable", 12, kEnable},
-      {"ulDownUnMcFiterEnable", 13, kEnable},
-      {"ulDownUnMcNoDropEnable", 14, kEnable},
-      {"ulDownUnUcFiterEnable", 15, kEnable},
-      {"ulDownUnUcNoDropEnable", 16, kEnable},
-      {"ulQinQ", 17, kEnable}}},
-    {"Np_VlanOptionTbl",
-     {{"key ulVlanID", 4096, "param error! (ulVlanID)=0x%08x\r\n"},
-      {"aulDownAction 0", 4, "param error! (pstVlanOption->aulDownAction[ulIndex])=0x%08x\r\n"},
-      {"aulUpAction 0", 5, "param error! (pstVlanOption->aulUpAction[ulIndex])=0x%08x\r\n"},
-      {"aulDownAction 1", 6, "param error! (pstVlanOption->aulDownAction[ulIndex])=0x%08x\r\n"},
-      {"aulUpAction 31", 7, "param error! (pstVlanOption->aulUpAction[ulIndex])=0x%08x\r\n"}}},
-    {"Np_VlanPttTbl",
-     {{"key ulVlanID", 4096, "param error! (ulVlanID)=0x%08x\r\n"},
-      {"ulDownProtocolTempletID", 256,
-       "param error! (pstVlanPtt->ulDownProtocolTempletID)=0x%08x\r\n"},
-      {"ulUpProtocolTempletID", 256,
-       "param error! (pstVlanPtt->ulUpProtocolTempletID)=0x%08x\r\n"}}},
-    {"Np_LanVlanTbl",
-     {{"key ulVlanID", 4096, "param error! (ulVlanID)=0x%08x\r\n"},
-      {"ulBF", 2, kEnable},
-      {"ulNDBC", 3, kEnable},
-      {"ulNDUMC", 4, kEnable},
-      {"ulNDUUC", 5, kEnable},
-      {"ulUMF", 6, kEnable},
-      {"ulUUF", 7, kEnable},
-      {"ulWan", 8, kEnable}}},
-    {"Np_IstpTbl",
-     {{"key ulIstpID", 4, "param error! (ulIstpID)=0x%08x\r\n"},
-      {"astStatus.ulStatus 0", 4,
-       "param error! (pstIstp->astStatus[ulIstpPvtArrayIndex].ulStatus)=0x%08x\r\n"},
-      {"astStatus.ulStatus 7", 5,
-       "param error! (pstIstp->astStatus[ulIstpPvtArrayIndex].ulStatus)=0x%08x\r\n"}}},
-    {"Np_EstpTbl",
-     {{"key ulEstpID", 4, "param error! (ulEstpID)=0x%08x\r\n"},
-      {"astStatus.ulStatus 0", 4,
-       "param error! (pstEstp->astStatus[ulEstpPvtArrayIndex].ulStatus)=0x%08x\r\n"},
-      {"astStatus.ulStatus 7", 5,
-       "param error! (pstEstp->astStatus[ulEstpPvtArrayIndex].ulStatus)=0x%08x\r\n"}}},
-    {"Np_DscpMapTbl",
-     {{"key ulIndex", 8, "param error! (ulIndex)=0x%08x\r\n"},
-      {"auc1P 0", 8, "param error! (pstDscpMap->auc1P[ulI])=0x%08x\r\n"},
-      {"auc1P 63", 9, "param error! (pstDscpMap->auc1P[ulI])=0x%08x\r\n"}}},
-    {"Np_PcpMapTbl",
-     {{"key ulIndex", 8, "param error! (ulIndex)=0x%08x\r\n"},
-      {"auc1P 0", 8, "param error! (pstPcpMap->auc1P[ulI])=0x%08x\r\n"},
-      {"auc1P 7", 9, "param error! (pstPcpMap->auc1P[ulI])=0x%08x\r\n"}}},
-    {"Np_IpMapTbl",
-     {{"key ulIndex", 8, "param error! (ulIndex)=0x%08x\r\n"},
-      {"auc1P 0", 8, "param error! (pstIpMap->auc1P[ulI])=0x%08x\r\n"},
-      {"auc1P 7", 9, "param error! (pstIpMap->auc1P[ulI])=0x%08x\r\n"}}},
-    {"Np_PriCarMapTbl",
-     {{"key ulIndex", 1, "param error! ulIndex=0x%08x\r\n"},
-      {"aucPriMap 0", 4, "param error! pstPriCarMap->aucPriMap[ulI][ulJ]=0x%08x\r\n"},
-      {"aucPriMap 31", 5, "param error! pstPriCarMap->aucPriMap[ulI][ulJ]=0x%08x\r\n"}}},
-    {"Np_VmacInfoTbl",
-     {{"key ulVmacInfoID", 32, "param error! (ulVmacInfoID)=0x%08x\r\n"},
-      {"ulVmacBase", 0x1000, "param error! (pstVmacInfo->ulVmacBase)=0x%08x\r\n"},
-      {"ulVmacNumber", 33, "param error! (pstVmacInfo->ulVmacNumber)=0x%08x\r\n"}}},
-    {"Np_UvtTbl",
-     {{"key ulIndex", 512, "param error! ulIndex=0x%08x\r\n"},
-      {"ulUmacUsed", 2, "param error! pstUvt->ulUmacUsed=0x%08x\r\n"},
-      {"ulVmacUsed", 3, "param error! pstUvt->ulVmacUsed=0x%08x\r\n"},
-      {"ulUsed", 4, kBool},
-      {"ulStaticFlag", 5, kBool}}},
-    {"Np_VmacOffsetTbl", {{"key ulIndex", 32, "param error! (ulIndex)=0x%08x\r\n"}}},
-    {"Np_PortMacLimitTbl",
-     {{"key ulIndex", 64, "param error! (ulIndex)=0x%08x\r\n"},
-      {"usLimitNum", 1025, "param error! (pstPortLimitNum->usLimitNum)=0x%08x\r\n"}}},
-    {"Np_GlbLanMacLimitTbl",
-     {{"key ulIndex", 1, "param error! (ulIndex)=0x%08x\r\n"},
-      {"usLimitNum", 1025, "param error! (pstGlbLimitNum->usLimitNum)=0x%08x\r\n"}}},
-};
-
-const Flat &flat_of(const std::string &name)
-{
-    for (const Flat &flat : kFlat) {
-        if (flat.name == name) {
-            return flat;
-        }
-    }
-    ADD_FAILURE() << name;
-    return kFlat[0];
-}
-
-// Stores a value in a field named "member" or "member element", of the key if "key" stands before.
-void put(const Flat &flat, const std::string &place, uint32_t value, Bytes &key, Bytes &record)
-{
-    std::istringstream stream(place);
-    std::string name;
-    stream >> name;
-    const bool in_key = name == "key";
-    if (in_key) {
-        stream >> name;
-    }
-    uint32_t element = 0;
-    stream >> element;
-    for (const NpField &field : fields_of(in_key ? *flat.table->pstKey : *flat.table->pstRow)) {
-        if (field.pszName == name) {
-            Np_Row_Store(&field, element, value, in_key ? key.data() : record.data());
-            return;
-        }
-    }
-    ADD_FAILURE() << flat.name << " has no " << place;
-}
-
-TEST_F(Rows, ChecksComeInTheirOrder)
-{
-    std::set<std::string> checked;
-    for (const Order &order : kOrders) {
-        SCOPED_TRACE(order.table);
-        const Flat &flat = flat_of(order.table);
-        checked.insert(order.table);
-        Bytes key(flat.table->pstKey->usRecordSize);
-        Bytes record(flat.table->pstRow->usRecordSize);
-        for (size_t k = order.steps.size(); k-- > 0;) {
-            const Order::Step &step = order.steps[k];
-            SCOPED_TRACE(step.field);
-            put(flat, step.field, step.bad, key, record);
-            char message[120];
-            std::snprintf(message, sizeof(message), step.message, step.bad);
-            Words expected = {message};
-            if (flat.table->pstRow->ucModule == NP_M_MC) {
-                expected.push_back("Func error return: 0x9a000005 \r\n");
-            }
-            EXPECT_EQ(failures(
-                          *flat.table->pstRow,
-                          [&] { return flat.set(0, key.data(), record.data()); }, NP_ERR_PARAM),
-                      expected);
-        }
-    }
-    for (const Flat &flat : kFlat) {
-        EXPECT_TRUE(checked.contains(flat.name)) << "no order is written down for " << flat.name;
-    }
-}
-
-// Words of a row, by the fields that are set. A table that has one field for a line has all others
-// at 0, so that each line is a place in the row.
-struct Image {
-    const char *table;
-    const char *fields;  // "member[ element]=value, ..."
-    std::vector<uint32_t> words;
-};
-
-const Image kImages[] = {
-    {"Np_MetTbl", "ulValid=1", {0x80000000}},
-    {"Np_MetTbl", "ulNextMetID=32767", {0x7fff0000}},
-    {"Np_MetTbl", "ulOpCode=1, unDstintf.ulOftID=8191", {0x00003fff}},
-    {"Np_MetTbl", "ulOpCode=0, unDstintf.ulOftID=4660", {0x00001234}},
-    {"Np_MetTbl", "ulOpCode=3, unDstintf.ulOftID=8191", {0x00006000}},
-    {"Np_MetTbl", "ulOpCode=7, unDstintf.ulOftID=5", {0x0000f805}},
-    {"Np_MetTbl", "ulOpCode=7, unDstintf.ulOftID=8191", {0x0000f7ff}},
-    {"Np_BrltTbl", "ulBcLimitCarProfile=255", {0, 0x000000ff}},
-    {"Np_BrltTbl", "ulUnUcLimitCarProfile=255", {0, 0x0000ff00}},
-    {"Np_BrltTbl", "ulUnMcLimitCarProfile=255", {0, 0x00ff0000}},
-    {"Np_MdiInfoTbl", "ulArriveTimeH32=305419896", {0, 0x12345678}},
-    {"Np_MdiInfoTbl", "ulArriveTimeL16=43981, ulPktLen=4660", {0x1234abcd, 0}},
-    {"Np_VlanTbl", "ulPortBitMap=67108863", {0x03ffffff, 0, 0}},
-    {"Np_VlanTbl", "ulVrfID=15", {0xf0000000, 0, 0}},
-    {"Np_VlanTbl", "ulUrpfMode=3", {0x0c000000, 0, 0}},
-    {"Np_VlanTbl", "ulVlanIf=31", {0, 0x0000001f, 0}},
-    {"Np_VlanTbl", "ulMcSearchMode=7", {0, 0x00003800, 0}},
-    {"Np_VlanTbl", "ulNLrnMode=7", {0, 0x0001c000, 0}},
-    {"Np_VlanTbl", "ulPppoeVmacMask=3", {0, 0x00c00000, 0}},
-    {"Np_VlanTbl", "ulNonPppoeVmacMask=3", {0, 0x00300000, 0}},
-    {"Np_VlanTbl", "ulULrnMode=7", {0, 0x000e0000, 0}},
-    {"Np_VlanTbl", "ulFwd=3", {0, 0xc0000000, 0}},
-    {"Np_VlanTbl", "ulMcModeEnable=1", {0, 0x20000000, 0}},
-    {"Np_VlanTbl", "ulMstpID=3", {0, 0x18000000, 0}},
-    {"Np_VlanTbl", "ulQinQ=1", {0, 0x04000000, 0}},
-    {"Np_VlanTbl", "ulBrasMacEnable=1", {0, 0x02000000, 0}},
-    {"Np_VlanTbl", "ulVlanIfEnable=1", {0, 0x01000000, 0}},
-    {"Np_VlanTbl", "ulUpUnUcNoDropEnable=1", {0, 0, 0x80000000}},
-    {"Np_VlanTbl", "ulUpUnMcNoDropEnable=1", {0, 0, 0x40000000}},
-    {"Np_VlanTbl", "ulUpBcNoDropEnable=1", {0, 0, 0x20000000}},
-    {"Np_VlanTbl", "ulUpUnUcFiterEnable=1", {0, 0, 0x10000000}},
-    {"Np_VlanTbl", "ulUpUnMcFiterEnable=1", {0, 0, 0x08000000}},
-    {"Np_VlanTbl", "ulUpBcFilterEnable=1", {0, 0, 0x04000000}},
-    {"Np_VlanTbl", "ulDownUnUcNoDropEnable=1", {0, 0, 0x00800000}},
-    {"Np_VlanTbl", "ulDownUnMcNoDropEnable=1", {0, 0, 0x00400000}},
-    {"Np_VlanTbl", "ulDownBcNoDropEnable=1", {0, 0, 0x00200000}},
-    {"Np_VlanTbl", "ulDownUnUcFiterEnable=1", {0, 0, 0x00100000}},
-    {"Np_VlanTbl", "ulDownUnMcFiterEnable=1", {0, 0, 0x00080000}},
-    {"Np_VlanTbl", "ulDownBcFilterEnable=1", {0, 0, 0x00040000}},
-    {"Np_VlanTbl", "ulMccLeafID=1999", {0, 0, 0x000007cf}},
-    {"Np_VlanOptionTbl", "aulUpAction 0=3", {0x00000003, 0, 0, 0}},
-    {"Np_VlanOptionTbl", "aulUpAction 17=3", {0, 0x0000000c, 0, 0}},
-    {"Np_VlanOptionTbl", "aulDownAction 5=2", {0, 0, 0x00000800, 0}},
-    {"Np_VlanOptionTbl", "aulDownAction 31=3", {0, 0, 0, 0xc0000000}},
-    {"Np_VlanPttTbl", "ulUpProtocolTempletID=255, ulDownProtocolTempletID=255", {0x0000ffff}},
-    {"Np_VlanPttTbl", "ulUpProtocolTempletID=1, ulDownProtocolTempletID=2", {0x00000201}},
-    {"Np_LanVlanTbl", "ulWan=1", {0x80000000}},
-    {"Np_LanVlanTbl", "ulNDUUC=1", {0x40000000}},
-    {"Np_LanVlanTbl", "ulNDUMC=1", {0x20000000}},
-    {"Np_LanVlanTbl", "ulNDBC=1", {0x10000000}},
-    {"Np_LanVlanTbl", "ulUUF=1", {0x08000000}},
-    {"Np_LanVlanTbl", "ulUMF=1", {0x04000000}},
-    {"Np_LanVlanTbl", "ulBF=1", {0x02000000}},
-    {"Np_LanVlanTbl", "ulUniPortBitMap=4294967295", {0x01ffffff}},
-    {"Np_IstpTbl", "astStatus.ulStatus 0=3, astStatus.ulStatus 7=2", {0x00008003}},
-    {"Np_EstpTbl", "astStatus.ulStatus 1=1, astStatus.ulStatus 6=3", {0x00003004}},
-    {"Np_DscpMapTbl",
-     "auc1P 0=1, auc1P 3=7, auc1P 63=5",
-     {0x07000001, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x05000000}},
-    {"Np_PcpMapTbl", "auc1P 0=1, auc1P 1=2, auc1P 7=7", {0x00000007, 0x01020000}},
-    {"Np_IpMapTbl", "auc1P 0=3, auc1P 4=6", {0x06000000, 0x03000000}},
-    {"Np_PriCarMapTbl", "aucPriMap 0=3", {0, 0x00030000}},
-    {"Np_PriCarMapTbl", "aucPriMap 3=2, aucPriMap 4=1", {0, 0x01800000}},
-    {"Np_PriCarMapTbl", "aucPriMap 8=1, aucPriMap 15=3", {0, 0x0000c001}},
-    {"Np_PriCarMapTbl", "aucPriMap 16=1, aucPriMap 23=3", {0xc0010000, 0}},
-    {"Np_PriCarMapTbl", "aucPriMap 27=2, aucPriMap 31=3", {0x0000c080, 0}},
-    {"Np_VmacInfoTbl", "ulVmacBase=4095", {0x00000fff}},
-    {"Np_VmacInfoTbl", "ulVmacNumber=32", {0x00200000}},
-    {"Np_UvtTbl", "aucUmac 5=254", {0x000000fe, 0, 0, 0}},
-    {"Np_UvtTbl", "aucUmac 2=1", {0x01000000, 0, 0, 0}},
-    {"Np_UvtTbl", "aucUmac 1=255, aucUmac 0=18", {0, 0x000012ff, 0, 0}},
-    {"Np_UvtTbl", "aucVmac 5=254, aucVmac 2=1", {0, 0, 0x010000fe, 0}},
-    {"Np_UvtTbl", "aucVmac 1=255, aucVmac 0=18", {0, 0, 0, 0x000012ff}},
-    {"Np_UvtTbl", "ulUmacUsed=1", {0, 0, 0, 0x80000000}},
-    {"Np_UvtTbl", "ulVmacUsed=1", {0, 0, 0, 0x40000000}},
-    {"Np_UvtTbl", "ulUsed=1", {0, 0, 0, 0x20000000}},
-    {"Np_UvtTbl", "ulStaticFlag=1", {0, 0, 0, 0x10000000}},
-    {"Np_VmacOffsetTbl", "ulVmacOffset 0=18", {0, 0, 0, 0, 0, 0, 0, 0x12000000}},
-    {"Np_VmacOffsetTbl",
-     "ulVmacOffset 3=18, ulVmacOffset 4=52",
-     {0, 0, 0, 0, 0, 0, 0x34000000, 0x12}},
-    {"Np_VmacOffsetTbl",
-     "ulVmacOffset 31=255, ulVmacOffset 28=1",
-     {0x010000ff, 0, 0, 0, 0, 0, 0, 0}},
-    {"Np_PortMacLimitTbl", "usLimitNum=1024", {0x80000400}},
-    {"Np_GlbLanMacLimitTbl", "usLimitNum=5", {0x80000005}},
-};
-
-TEST_F(Rows, FieldsStandInTheirPlaces)
-{
-    for (const Image &image : kImages) {
-        SCOPED_TRACE(testing::Message() << image.table << " " << image.fields);
-        const Flat &flat = flat_of(image.table);
-        Bytes key(flat.table->pstKey->usRecordSize);
-        Bytes record(flat.table->pstRow->usRecordSize);
-        std::istringstream list(image.fields);
-        for (std::string item; std::getline(list >> std::ws, item, ',');) {
-            const size_t equals = item.find('=');
-            put(flat, item.substr(0, equals),
-                static_cast<uint32_t>(std::stoul(item.substr(equals + 1))), key, record);
-        }
-        // What stood there before is gone.
-        for (uint32_t i = 0; i < flat.table->ucPartNum; i++) {
-            const Bytes ones(NP_ROW_IMAGE_MAX, 0xff);
-            ASSERT_EQ(Np_RegTableWrite(0, flat.table->astPart[i].usTableID, 0, ones.data()), NP_OK);
-        }
-        ASSERT_EQ(flat.set(0, key.data(), record.data()), NP_OK);
-        Bytes expected(4 * image.words.size());
-        for (size_t i = 0; i < expected.size(); i++) {
-            expected[i] = static_cast<uint8_t>(image.words[i / 4] >> 8 * (i % 4));
-        }
-        EXPECT_EQ(stored(*flat.table, key.data()), expected);
-    }
-}
 
 // Where rows lie, by the addresses of the tables.
 TEST_F(Rows, RowsLieAtTheirAddresses)
@@ -344,6 +28,268 @@ TEST_F(Rows, RowsLieAtTheirAddresses)
     ASSERT_EQ(Np_RegTableRealAddrGet(0, 55, 511, &address), NP_OK);
     EXPECT_EQ(peek(address), 0x00090008u);
     EXPECT_EQ(peek(address + 4), 7u);
+    const NpPortID xaui = {9, 0, 38, 1};  // number 64 + 38
+    NpPortPct pct = {};
+    pct.ulHS = 0xee;
+    ASSERT_EQ(Np_PctTbl_Set(0, &xaui, &pct), NP_OK);
+    EXPECT_EQ(peek(0x60226800 + 16 * 102 + 4), 0xee000000u);
+    const NpPortGemportLoopQid loop = {1, 5};
+    ASSERT_EQ(Np_GemportLoopQidTbl_Set(0, 4095, &loop), NP_OK);
+    EXPECT_EQ(peek(0x60272000 + 2 * 4094) >> 16, 0x8005u);
+    // Behind a user's row its four counters, the last one lowest; those of valid entries count on.
+    const uint32_t counters = 0x6024d200 + 16 * 31 + 8;
+    poke(counters, 0x22223333);
+    poke(counters + 4, 0x00001111);
+    const NpPortToCpuPtypeCarInfo limits = {{{1, 1}, {1, 2}, {0, 3}, {1, 4}}};
+    ASSERT_EQ(Np_PortToCpuPtypeCarTbl_Set(0, 31, &limits), NP_OK);
+    EXPECT_EQ(peek(counters), 0x00003333u);
+    EXPECT_EQ(peek(counters + 4), 0x00001111u);
+    EXPECT_EQ(Np_PctTbl_Set(0, nullptr, &pct), NP_ERR_NULL_PTR);
+    EXPECT_EQ(Np_PctTbl_Get(0, nullptr, &pct), NP_ERR_NULL_PTR);
+    EXPECT_THAT(run("micro port pct set port xaui portid 0 subportid 38 pri 1 "
+                    "pctporttype voip l2c 1 mode access bondingport fe portid 3 end"),
+                EndsWith("Command execute success!"));
+    EXPECT_EQ(peek(0x60226800 + 16 * 102 + 12), 0x00f10801u);
+    EXPECT_THAT(run("micro port pct set port xaui portid 0 subportid 128 pri 1 l2c 0 end"),
+                Not(HasSubstr("success")));
+}
+
+// GEM port mapping rules against what a packet finds: the lowest rule whose fields of the mode are
+// the packet's.
+TEST_F(Rows, GemPortRulesMatchByTheFieldsOfTheirMode)
+{
+    std::mt19937 random(11);
+    const NpPortID ports[] = {{1, 0, 0, 0}, {1, 1, 0, 0}, {9, 0, 1, 1}, {7, 23, 0, 0}};
+    const uint32_t numbers[] = {0, 1, 1, 63};  // 65 is 1 in six bits
+    std::map<uint32_t, NpPortGmtKey> rules;
+    for (uint32_t round = 0; round < 600; round++) {
+        const uint32_t index = std::array{0u, 1u, 127u, 128u, 300u, 511u}[random() % 6];
+        const NpPortID &port = ports[random() % 4];
+        NpPortGmtKey key = {static_cast<uint32_t>(random() % 16),
+                            port.ulPortType,
+                            port.ulPortID,
+                            port.ulSubPortID,
+                            port.ulPri,
+                            9,
+                            9,
+                            9,
+                            9,
+                            static_cast<uint32_t>(random() % 2 * 255),
+                            static_cast<uint32_t>(random() % 2 * 7),
+                            static_cast<uint32_t>(random() % 2 * 4095),
+                            index};
+        const NpPortGmtData data = {index + 1000, index / 2, 3, index, index % 2, 5};
+        if (random() % 4 == 0) {
+            ASSERT_EQ(
+                random() % 2 == 0 ? Np_GmtTbl_Del(0, &key) : Np_Tarn_GmtTbl_DelByIndex(0, index),
+                NP_OK);
+            rules.erase(index);
+        }
+        else {
+            if ((key.ulGmtMode & 8) == 0 && random() % 2 == 0) {
+                key.ulSportType = 15;  // no port of the chip, and nothing that the rule asks
+            }
+            ASSERT_EQ(Np_GmtTbl_Set(0, &key, &data), NP_OK);
+            rules[index] = key;
+            NpPortGmtKey read = {0xff, 9, 9, 9, 9, 9, 9, 9, 9, 0, 0, 0, index};
+            NpPortGmtData found = {};
+            ASSERT_EQ(random() % 2 == 0 ? Np_Tarn_GmtTbl_GetByIndex(0, index, &read, &found)
+                                        : (read.ulGmtMode = 0, Np_GmtTbl_Get(0, &read, &found)),
+                      NP_OK);
+            EXPECT_EQ(read.ulGmtMode, key.ulGmtMode);
+            EXPECT_EQ(read.ulSportType, 9u) << "ports stay as they were";
+            EXPECT_EQ(read.ulVID, key.ulGmtMode & 1 ? key.ulVID : 0);
+            EXPECT_EQ(read.ulPcp, key.ulGmtMode & 2 ? key.ulPcp : 0);
+            EXPECT_EQ(read.ulTos, key.ulGmtMode & 4 ? key.ulTos : 0);
+            EXPECT_EQ(found.ulGemportID, data.ulGemportID);
+            EXPECT_EQ(found.ulIcos, index % 2 == 0 ? 5u : 0u);
+        }
+        const uint32_t from = random() % 4, tos = random() % 2 * 255, pcp = random() % 2 * 7,
+                       vid = random() % 2 * 4095;
+        const uint64_t bits = uint64_t{numbers[from]} << 30 | tos << 16 | vid << 4 | pcp << 1;
+        Bytes packet(5);
+        std::memcpy(packet.data(), &bits, 5);
+        model::LcamResult got = {};
+        ASSERT_EQ(model::lookup_lcam(0, {0, 0, 9, packet.data()}, &got), model::kOk);
+        const auto want = std::find_if(rules.begin(), rules.end(), [&](const auto &rule) {
+            const NpPortGmtKey &k = rule.second;
+            const NpPortID source = {k.ulSportType, k.ulSportID, k.ulSsubPortID, k.ulSPri};
+            uint32_t phy = 0;
+            return ((k.ulGmtMode & 1) == 0 || k.ulVID == vid) &&
+                   ((k.ulGmtMode & 2) == 0 || k.ulPcp == pcp) &&
+                   ((k.ulGmtMode & 4) == 0 || k.ulTos == tos) &&
+                   ((k.ulGmtMode & 8) == 0 ||
+                    (Np_PortID2PhyID(0, &source, &phy) == NP_OK && phy % 64 == numbers[from]));
+        });
+        ASSERT_EQ(got.hit, want != rules.end());
+        if (got.hit) {
+            uint32_t ad = 0;
+            std::memcpy(&ad, got.ad, 4);
+            EXPECT_EQ(ad, want->first);
+        }
+    }
+    NpPortGmtKey bad = {8, 15, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 511};
+    NpPortGmtData data = {0x1000, 0, 0, 0, 0, 0};
+    EXPECT_EQ(failures(
+                  g_stGmtKeyRow, [&] { return Np_GmtTbl_Set(0, &bad, &data); }, NP_ERR_PARAM),
+              Words{"param error! (pstGmtData->ulGemportID)=0x00001000\r\n"});
+    data.ulGemportID = 0;
+    EXPECT_NE(Np_GmtTbl_Set(0, &bad, &data), NP_OK) << "a port that the chip has not";
+    bad.ulGemportIndex = 512;
+    for (const auto &call : std::initializer_list<std::function<uint32_t()>>{
+             [&] { return Np_GmtTbl_Set(0, &bad, &data); },
+             [&] { return Np_GmtTbl_Get(0, &bad, &data); },
+             [&] { return Np_GmtTbl_Del(0, &bad); }}) {
+        EXPECT_EQ(failures(g_stGmtKeyRow, call, NP_ERR_PARAM),
+                  Words{"param error! (pstGmtKey->ulGemportIndex)=0x00000200\r\n"});
+    }
+    EXPECT_EQ(failures(
+                  g_stGmtKeyRow, [&] { return Np_Tarn_GmtTbl_DelByIndex(0, 512); }, NP_ERR_PARAM),
+              Words{"param error! (ulIndex)=0x00000200\r\n"});
+    EXPECT_EQ(Np_GmtTbl_Set(0, nullptr, &data), NP_ERR_NULL_PTR);
+    EXPECT_EQ(Np_GmtTbl_Get(0, &bad, nullptr), NP_ERR_NULL_PTR);
+    EXPECT_EQ(Np_GmtTbl_Del(0, nullptr), NP_ERR_NULL_PTR);
+    // On the command line a set keeps what it does not name, a full one does not.
+    EXPECT_THAT(run("micro port gmt set_full index 7 gmtmode 9 vid 100 sport gpon portid 1 tos 3 "
+                    "gemportid 77 icosmode 2 end"),
+                EndsWith("Command execute success!"));
+    EXPECT_THAT(run("micro port gmt set index 7 gmtmode 1 queueoffset 6 end"),
+                EndsWith("Command execute success!"));
+    const std::string shown = run("micro port gmt get index 7");
+    for (const char *line :
+         {"ulVID                    :   100 ", "ulGemportID              :   77 ",
+          "ulQueueOffset            :   6 ", "ulIcosMode               :   2 "}) {
+        EXPECT_THAT(shown, HasSubstr(line));
+    }
+    EXPECT_THAT(
+        run("micro port gmt set_full index 8 gmtmode 8 sport xaui portid 0 subportid 45 pri 1 "
+            "end"),
+        EndsWith("Command execute success!"));
+    EXPECT_THAT(run("micro port gmt set index 8 gemportid 3 end"),
+                EndsWith("Command execute success!"));
+    EXPECT_THAT(run("micro port gmt get index 8"),  // number 109, 45 in six bits
+                HasSubstr("porttype                 :   fe\r\n    portid                   :   5"));
+    EXPECT_THAT(run("micro port gmt del index 7"), EndsWith("Command execute success!"));
+    EXPECT_THAT(run("micro port gmt set index 512 end"), HasSubstr("ulReturn = 0x9a000005("));
+}
+
+// The byte of a GEM port stands in a row with three others.
+TEST_F(Rows, BitmapBytesKeepTheirNeighbours)
+{
+    poke(0x60241000 + 4 * 1023, 0x44332211);
+    const NpPortGemportBitMapInfo hs = {0x1ab};
+    ASSERT_EQ(Np_GemportBitMapTbl_Set(0, 4093, &hs), NP_OK);
+    EXPECT_EQ(peek(0x60241000 + 4 * 1023), 0x4433ab11u);
+    NpPortGemportBitMapInfo back = {};
+    ASSERT_EQ(Np_GemportBitMapTbl_Get(0, 4092, &back), NP_OK);
+    EXPECT_EQ(back.ulHS, 0x11u);
+    EXPECT_EQ(failures(
+                  g_stGemportBitMapRow, [&] { return Np_GemportBitMapTbl_Set(0, 4096, &hs); },
+                  NP_ERR_ADDRESS),
+              Words{"Read error return:0x9a000008  ID:0x0000008e Offset:0x00000400\r\n"});
+    EXPECT_EQ(Np_GemportBitMapTbl_Set(0, 0, nullptr), NP_ERR_NULL_PTR);
+    EXPECT_THAT(run("micro port gemportbitmap set index 4095 hs 9"), HasSubstr("success"));
+    EXPECT_THAT(run("micro port gemportbitmap get index 4095"), HasSubstr(":   9 "));
+    EXPECT_EQ(peek(0x60241000 + 4 * 1023), 0x0933ab11u);
+}
+
+// The exported functions answer that the family has no such table; what stands behind them works as
+// far as the chip lets it.
+TEST_F(Rows, AbsentPortTablesAreRefusedAtTheDoor)
+{
+    const NpPortID port = {9, 0, 6, 1};  // number 70
+    NpPortAtmEncap atm = {};
+    NpPortPvcEnc pvc = {14};
+    NpPortIpUdpEncapInfo ip = {1, 2, 0x03040506, 0x0708090a, 11, 12};
+    NpPortCesopKey key = {1, 3, {}};
+    NpPortCesopData data = {};
+    for (const auto &call : std::initializer_list<std::function<uint32_t()>>{
+             [&] { return Np_AtmEncapTbl_Set(0, &port, &atm); },
+             [&] { return Np_AtmEncapTbl_Get(0, &port, &atm); },
+             [&] { return Np_AtmEncapTblPvcItem_Set(0, &port, 0, &pvc); },
+             [&] { return Np_AtmEncapTblPvcItem_Get(0, &port, 0, &pvc); },
+             [&] { return Np_IpUdpEncapInfoTbl_Set(0, 0, &ip); },
+             [&] { return Np_IpUdpEncapInfoTbl_Get(0, 0, &ip); },
+             [&] { return Np_CesopMapTbl_Set(0, &key, &data); },
+             [&] { return Np_CesopMapTbl_Get(0, &key, &data); },
+             [&] { return Np_CesopMapTbl_Del(0, &key, &data); }}) {
+        EXPECT_EQ(call(), NP_ERR_UNREGISTERED);
+    }
+    for (const char *line :
+         {"atm_encap get port xaui portid 0 subportid 6 pri 1",
+          "atm_pvc set port xaui portid 0 subportid 6 pri 1 pvcindex 3 pvcenc aoe",
+          "ipudp set index 3 tos 1", "cesop add direction up encapmode pw pwid 5",
+          "cesop del direction up encapmode dport udpdport 5"}) {
+        EXPECT_THAT(run(std::string("micro port ") + line), HasSubstr("ulReturn = 0x9a000003("));
+    }
+    EXPECT_EQ(Np_Tarn_AtmEncapTbl_Set(0, &port, &atm), NP_ERR_ADDRESS);
+    ASSERT_EQ(Np_Tarn_AtmEncapTblPvcItem_Set(0, &port, 3, &pvc), NP_OK);
+    EXPECT_EQ(peek(0x60266000 + 16 * 70 + 8) & 0xffff, 14u);
+    pvc = {};
+    ASSERT_EQ(Np_Tarn_AtmEncapTblPvcItem_Get(0, &port, 3, &pvc), NP_OK);
+    EXPECT_EQ(pvc.ulPvcEnc, 14u);
+    EXPECT_EQ(failures(
+                  g_stPvcEncRow, [&] { return Np_Tarn_AtmEncapTblPvcItem_Set(0, &port, 8, &pvc); },
+                  NP_ERR_PARAM),
+              Words{"param error! (ulPvcIndex)=0x00000008\r\n"});
+    EXPECT_EQ(Np_Tarn_IpUdpEncapInfoTbl_Set(0, 32, &ip), NP_ERR_PARAM);
+    EXPECT_EQ(
+        failures(
+            g_stCesopKeyRow, [&] { return Np_Tarn_CesopMapTbl_Set(0, &key, &data); }, NP_ERR_PARAM),
+        Words{"Func error return: 0x9a000005 \r\n"});
+    key.ulEncapMode = 4;
+    EXPECT_EQ(failures(
+                  g_stCesopKeyRow, [&] { return Np_Tarn_CesopMapTbl_Del(0, &key, nullptr); },
+                  NP_ERR_PARAM),
+              (Words{"[ERROR]Encap Mode Error!!! ulEncapMode = 0x00000004\r\n",
+                     "Func error return: 0x9a000005 \r\n"}));
+    EXPECT_EQ(Np_Tarn_CesopMapTbl_GetByIndex(0, 127, &key, &data, nullptr), NP_ERR_PARAM);
+    EXPECT_EQ(
+        failures(
+            g_stCesopKeyRow, [&] { return Np_Tarn_CesopMapTbl_DelByIndex(0, 128); }, NP_ERR_PARAM),
+        Words{"param error! (ulIndex)=0x00000080\r\n"});
+}
+
+// Every IP-QAM command reaches its exported function, which has no table behind it; nothing crosses
+// the bus, and no command of the tree leads there.
+TEST_F(Rows, IpQamCommandsAnswerThatThereIsNoTable)
+{
+    size_t handlers = 0;
+    for (const NpCliCmdEntry &group : g_stNpSdkIpqamCmds) {
+        handlers += group.ulChildNum;
+    }
+    const auto ask = [&](const std::string &line) {
+        BusTap bus;
+        words(line);
+        ld_sdk_cli_dispatch(g_stNpSdkIpqamCmds, std::size(g_stNpSdkIpqamCmds));
+        EXPECT_TRUE(bus.take().empty());
+        return out.take();
+    };
+    size_t asked = 0;
+    for (const auto &[group, key, pair] : std::initializer_list<std::array<std::string, 3>>{
+             {"pgidmap", "dudp 5", "sip 1.2.3.4 type remap"},
+             {"pmtmap", "inpgid 1 pid 2", "pmtpid 3"},
+             {"npidmap", "inpgid 1 pid 2", "newpid 3"},
+             {"versioninfo", "inpgid 1", ""},
+             {"channelmap", "inpgid 1", ""},
+             {"encinfo", "index 1", ""}}) {
+        const bool map = !pair.empty();
+        Words lines = {"get " + key, "set " + key + (map ? " " + pair + " end" : "")};
+        if (map) {
+            lines.insert(lines.end(), {"del " + key, "getbyindex index 7", "delbyindex index 7"});
+        }
+        for (const std::string &line : lines) {
+            EXPECT_THAT(ask(group + " " + line), HasSubstr("ulReturn = 0x9a000003(")) << group;
+            asked++;
+        }
+    }
+    EXPECT_THAT(ask("txtimemsg set enable 1 agetime 100 session 5"),
+                HasSubstr("ulReturn = 0x9a000003("));
+    EXPECT_EQ(asked + 1, handlers);
+    EXPECT_THAT(ask("pgidmap set dudp 5 dudp 6 end"), EndsWith("Invalid command!"));
+    EXPECT_EQ(run("micro ipqam"), run("micro"));
+    const NpPidMapKey key = {};
+    EXPECT_EQ(Np_PidMapTbl_Del(3, &key), NP_ERR_CHIP_ID);
 }
 
 // A leaf without a destination keeps the caller's; one that discards reads back as it is stored.
@@ -533,9 +479,9 @@ TEST_F(Rows, CommandsTellTheirParameters)
         seen.push_back(std::string(param.stItem.szName) + " " + std::to_string(param.stItem.lMin) +
                        ".." + std::to_string(param.stItem.lMax) + " #" +
                        std::to_string(param.stItem.ulPromptNo) + (param.bKey != 0 ? " key" : "") +
-                       (param.pszOf != nullptr ? std::string(" of ") + param.pszOf + " " +
-                                                     std::to_string(param.ulOfMask)
-                                               : ""));
+                       (param.stOf.pszOf != nullptr ? std::string(" of ") + param.stOf.pszOf + " " +
+                                                          std::to_string(param.stOf.ulMask)
+                                                    : ""));
         for (uint32_t j = 0; j < param.ulEnumNum; j++) {
             seen.back() += std::string(" ") + param.pstEnum[j].pszText;
         }

@@ -4,10 +4,14 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <pty.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <algorithm>
 #include <chrono>
+#include <sstream>
 #include <thread>
 
 namespace ldsdk::test {
@@ -15,6 +19,7 @@ namespace ldsdk::test {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 Finished tool(std::vector<std::string> arguments, const std::string &input = "")
@@ -74,6 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{{"--device", "unix:/" + std::string(200, 'x'), "micro"}, 2, {"107 bytes"}},
         Refusal{{"serve"}, 2, {"--socket"}},
         Refusal{{"-d", "x", "serve", "--socket", "y"}, 2, {"serve"}},
+        Refusal{{"serve", "--socket", "x", "y"}, 2, {"\"y\""}},
         Refusal{{"chop"}, 2, {"\"chop\"", "micro", "chip"}},
         Refusal{{"micro chip"}, 2, {"\"micro chip\""}},
         Refusal{{"chip", "dig"}, 2, {"\"dig\"", "peek", "journal"}},
@@ -101,17 +107,18 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Failures, Refused,
-    testing::Values(Refusal{{"--script", "/nowhere/x"}, 1, {"/nowhere/x", "No such file"}},
-                    Refusal{{"--script", "/"}, 1, {"Is a directory"}},
-                    Refusal{{"-d", "unix:/nowhere/x", "micro"}, 1, {"unix:/nowhere/x"}},
-                    Refusal{{"-d", "/nowhere/x", "micro"}, 1, {"/nowhere/x", "No such file"}},
-                    Refusal{{"-d", "/dev/null", "micro"}, 1, {"/dev/null", "ioctl"}},
-                    Refusal{
-                        {"-d", "/dev/null", "chip", "peek", "0"}, 1, {"/dev/null_chip", "no chip"}},
-                    Refusal{{"-d", "/dev/null", "chip", "load", "x"}, 1, {"chip load", "serve"}},
-                    Refusal{{"serve", "--socket", "/nowhere/x"}, 1, {"/nowhere/x"}},
-                    Refusal{{"chip", "peek", "0x50000000"}, 1, {"chip 0", "0x50000000"}},
-                    Refusal{{"chip", "select", "1"}, 1, {"chip 1", "not attached"}}));
+    testing::Values(
+        Refusal{{"--script", "/nowhere/x"}, 1, {"/nowhere/x", "No such file"}},
+        Refusal{{"--script", "/"}, 1, {"Is a directory"}},
+        Refusal{{"-d", "unix:/nowhere/x", "micro"}, 1, {"unix:/nowhere/x"}},
+        Refusal{{"-d", "/nowhere/x", "micro"}, 1, {"/nowhere/x", "No such file"}},
+        Refusal{{"-d", "/dev/null", "micro"}, 1, {"/dev/null", "ioctl"}},
+        Refusal{{"-d", "/dev/null", "chip", "peek", "0"}, 1, {"/dev/null_chip", "no chip"}},
+        Refusal{
+            {"-d", "/dev/null", "chip", "load", "online", "x"}, 1, {"chip load online", "serve"}},
+        Refusal{{"serve", "--socket", "/nowhere/x"}, 1, {"/nowhere/x"}},
+        Refusal{{"chip", "peek", "0x50000000"}, 1, {"chip 0", "0x50000000"}},
+        Refusal{{"chip", "select", "1"}, 1, {"chip 1", "not attached"}}));
 
 // The buffer holds a count of 4 bytes, the tool's own name and the words, each with its NUL.
 TEST(ToolBuffer, EndsAtByte512)
@@ -145,11 +152,13 @@ TEST(Tool, PrintsWhatTheModulePrints)
 
 TEST(Tool, HelpAndVersionAreAnswers)
 {
-    for (const char *option : {"--help", "--version"}) {
-        const Finished answer = tool({option});
-        EXPECT_EQ(answer.status, 0);
-        EXPECT_THAT(answer.out, HasSubstr("ldsdk"));
-        EXPECT_EQ(answer.err, "");
+    for (const char *program : {LDSDK_TOOL, LDSDK_ASM}) {
+        for (const char *option : {"--help", "--version"}) {
+            const Finished answer = run({program, option});
+            EXPECT_EQ(answer.status, 0);
+            EXPECT_THAT(answer.out, HasSubstr("ldsdk"));
+            EXPECT_EQ(answer.err, "");
+        }
     }
     EXPECT_EQ(tool({"chip"}).out, tool({"chip", "help"}).out);
     EXPECT_THAT(tool({"chip", "help"}).out, HasSubstr("chip poke ADDR VALUE"));
@@ -228,6 +237,8 @@ TEST(ToolScript, RunsLineByLineAsOneShotsDo)
         {"comments and blanks", "# first\n\n   \n\tmicro  chip\tget   # behind\n   # last\n"},
         {"carriage returns", "\r\nmicro chip get\r\n"},
         {"quotes", "\"micro\" 'chip' g\"e\"'t'\n"},
+        {"a byte order mark", "\xef\xbb\xbfmicro chip get\n"},
+        {"a long line", "# " + std::string(200000, 'x') + "\nmicro chip get\n"},
     };
     const TempFolder folder;
     for (const auto &each : scripts) {
@@ -259,6 +270,7 @@ TEST(ToolScript, StopsAtTheFirstErrorAndNamesItsPlace)
         {"micro 'open", "quote in column 7"},
         {std::string("micro a\0b", 9), "NUL byte in column 8"},
         {"\"\"", "\"\""},
+        {std::string(1 << 20, 'x'), "xx ... xx"},
     };
     for (const auto &each : lines) {
         const std::string file = folder.write(
@@ -269,6 +281,7 @@ TEST(ToolScript, StopsAtTheFirstErrorAndNamesItsPlace)
         EXPECT_THAT(finished.err, StartsWith("ldsdk: " + file + ":3: ")) << each.line;
         EXPECT_THAT(finished.err, HasSubstr(each.said));
         EXPECT_TRUE(is_one_line(finished.err)) << finished.err;
+        EXPECT_LT(finished.err.size(), 1000u);
     }
 }
 
@@ -305,6 +318,80 @@ TEST(ToolScript, EndsQuietlyWhenNobodyReads)
     const Finished finished = process.wait();
     EXPECT_EQ(finished.status, 1);
     EXPECT_EQ(finished.err, "");
+}
+
+// ---- the prompt ---------------------------------------------------------------------------------
+
+// The tool at a terminal of its own.
+class Terminal {
+  public:
+    explicit Terminal(const TempFolder &folder)
+    {
+        pid_ = ::forkpty(&fd_, nullptr, nullptr, nullptr);
+        if (pid_ == 0) {
+            ::setenv("TERM", "xterm", 1);
+            ::setenv("INPUTRC", "/dev/null", 1);
+            ::setenv("XDG_STATE_HOME", folder.path("").c_str(), 1);
+            ::execl(LDSDK_TOOL, LDSDK_TOOL, nullptr);
+            ::_exit(127);
+        }
+        type("", "ldsdk> ");
+    }
+    ~Terminal()
+    {
+        ::kill(pid_, SIGKILL);
+        ::waitpid(pid_, nullptr, 0);
+        ::close(fd_);
+    }
+    Terminal(const Terminal &) = delete;
+    Terminal &operator=(const Terminal &) = delete;
+
+    // What the screen gets for some keys, up to a text; all there is after ten seconds without it.
+    std::string type(const std::string &keys, const std::string &until) const
+    {
+        EXPECT_EQ(::write(fd_, keys.data(), keys.size()), ssize_t(keys.size()));
+        std::string screen;
+        pollfd polled = {fd_, POLLIN, 0};
+        while (screen.find(until) == std::string::npos && ::poll(&polled, 1, 10000) > 0) {
+            char bytes[4096];
+            const ssize_t size = ::read(fd_, bytes, sizeof bytes);
+            if (size <= 0) {
+                break;  // the tool has gone
+            }
+            screen.append(bytes, static_cast<size_t>(size));
+        }
+        EXPECT_THAT(screen, HasSubstr(until));
+        return screen;
+    }
+
+  private:
+    int fd_ = -1;
+    pid_t pid_ = -1;
+};
+
+TEST(ToolPrompt, RunsPastedBlocksKeepsHistoryAndShowsWhatIsNoText)
+{
+    const TempFolder folder;
+    const Terminal first(folder);
+    const Terminal second(folder);
+    first.type("\x1b[200~# note\nchip poke 0x60222200 5\nchop\nmicro chip get\n\x1b[201~\r",
+               "not run: 1 further line");
+    EXPECT_THAT(first.type("chip peek 0x60222200\r", ": 00000005"), Not(HasSubstr("chop")));
+    second.type("# second\r", "ldsdk> ");
+    second.type("chip peek 0x60222200 ?", "<WORDS>");
+    // A file's name, and one that needs quotes.
+    const std::string source = LDSDK_SOURCE_DIR "/examples/microcode/forward.npasm";
+    std::string image = run({LDSDK_ASM, source, "-o", "-"}).out;
+    const size_t year = image.find("2015");
+    ASSERT_NE(year, std::string::npos);
+    folder.write("an image", image.replace(year, 4, "\x1b[2J"));
+    first.type("chip load " + folder.path("an\t"), "/an image\" ");
+    first.type("\rchip loa\t", "chip load ");
+    EXPECT_THAT(first.type("\x15micro glb version micro\r", "forward"), HasSubstr("\\x1b[2J"));
+    // Nothing was left well; yet all is kept.
+    const std::string history = run({"cat", folder.path("ldsdk/history")}).out;
+    EXPECT_THAT(history, StartsWith("# note\nchip poke 0x60222200 5\nchop\nmicro chip get\n"));
+    EXPECT_THAT(history, HasSubstr("\n# second\nchip load \""));
 }
 
 // ---- the server ---------------------------------------------------------------------------------
@@ -422,12 +509,100 @@ TEST_F(Server, ServesSeveralAtOnceAndLeavesNothingBehind)
         EXPECT_EQ(each.status, 0) << each.err;
         EXPECT_EQ(each.out, text);
     }
-    EXPECT_EQ(tool({"serve", "--socket", socket_}).status, 1);  // in use
+    EXPECT_THAT(tool({"serve", "--socket", socket_}).err, HasSubstr("another"));
+    EXPECT_THAT(tool({"-d", socket_, "micro"}).err, HasSubstr("expected unix:" + socket_));
+    // The last place is given away, the next one is told.
+    std::vector<int> others;
+    for (int i = 1; i < 64; i++) {
+        others.push_back(connect());
+    }
+    EXPECT_THAT(client({"micro"}).err, HasSubstr("64 clients"));
+    ::close(others.back());
+    EXPECT_EQ(client({"micro"}).status, 0);
     server_.signal(SIGTERM);
     EXPECT_EQ(server_.wait().status, 0);
-    EXPECT_NE(::access(socket_.c_str(), F_OK), 0);
+    EXPECT_EQ(run({"ls", folder_.path("")}).out, "");
     EXPECT_EQ(client({"micro"}).status, 1);
     ::close(idle);
+}
+
+// Of two that start at once one serves; its end takes nothing away that has become another's.
+TEST_F(Server, APathHasOneServer)
+{
+    const std::string path = folder_.path("one");
+    for (int i = 0; i < 5; i++) {
+        Process first({LDSDK_TOOL, "serve", "--socket", path});
+        Process second({LDSDK_TOOL, "serve", "--socket", path});
+        const auto told = [](const Process &server, const char *text) {
+            return server.err().find(text) != std::string::npos ? 1 : 0;
+        };
+        int serve = 0;
+        for (int refused = 0, tries = 0; serve + refused < 2 && tries < 2000; tries++) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            serve = told(first, "serving") + told(second, "serving");
+            refused = told(first, "another") + told(second, "another");
+        }
+        EXPECT_EQ(serve, 1);
+    }
+    std::filesystem::remove(socket_);
+    std::filesystem::remove(socket_ + ".lock");
+    Process heir({LDSDK_TOOL, "serve", "--socket", socket_});
+    wait_until_serving(heir);
+    server_.signal(SIGHUP);
+    EXPECT_EQ(server_.wait().status, 0);
+    EXPECT_EQ(client({"micro"}).status, 0);
+    // What is no lock of ours stays.
+    const std::string note = folder_.write("other.lock", "a note");
+    EXPECT_EQ(tool({"serve", "--socket", folder_.path("other")}).status, 1);
+    EXPECT_EQ(run({"cat", note}).out, "a note");
+}
+
+TEST_F(Server, ClientsOpenTheFiles)
+{
+    // A pipe that nobody writes holds up its client, and no one else; the signal ends that client.
+    const std::string pipe = folder_.path("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    for (const char *command : {"inject", "load", "capture"}) {
+        Process stuck({LDSDK_TOOL, "-d", "unix:" + socket_, "chip", command, pipe});
+        EXPECT_EQ(client({"chip", "peek", "0x60222200"}).status, 0);
+        stuck.signal(SIGTERM);
+        EXPECT_EQ(stuck.wait().status, 128 + SIGTERM);
+    }
+    // Standard input and output are the client's.
+    const std::string source = LDSDK_SOURCE_DIR "/examples/microcode/forward.npasm";
+    const std::string image = run({LDSDK_ASM, source, "-o", "-"}).out;
+    EXPECT_EQ(client({"chip", "load", "-"}, image).status, 0);
+    EXPECT_THAT(client({"-s", "-"}, "chip load -\n").err, HasSubstr("command lines"));
+    const Finished stream = client({"chip", "capture", "-"});
+    EXPECT_EQ(stream.out.size(), 24u) << "the head of a capture";
+    EXPECT_EQ(stream.err, "0 packets and 0 messages written, 0 lost\n");
+    // A file is replaced with its mode, a link stays, and a device is one afterwards.
+    const std::string old = folder_.write("old", "long ago and too long to stay behind the new");
+    const std::string link = folder_.path("link");
+    ::chmod(old.c_str(), 0640);
+    ASSERT_EQ(::symlink("old", link.c_str()), 0);
+    EXPECT_EQ(client({"chip", "capture", link}).out, stream.err);
+    EXPECT_EQ(run({"cat", old}).out, stream.out);
+    EXPECT_EQ(run({"stat", "-c", "%a %F", old, link}).out, "640 regular file\n777 symbolic link\n");
+    EXPECT_THAT(client({"chip", "capture", "/dev/full"}).err, HasSubstr("/dev/full: No space"));
+    // Limits, on both sides.
+    EXPECT_THAT(client({"chip", "load", "/dev/zero"}).err, HasSubstr("more than 16777216 bytes"));
+    const int fd = connect();
+    const std::string line("chip\0load\0/etc/passwd\0", 22);
+    std::string many;
+    for (int i = 0; i < 257; i++) {
+        many += request(4, std::string(65536, 'x'));
+    }
+    for (const auto &[frames, said] :
+         {std::pair<std::string, std::string>{many, "a file of more"}, {"", "did not come"}}) {
+        const std::string bytes = frames + request(2, line);
+        ASSERT_EQ(::send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL), ssize_t(bytes.size()));
+        EXPECT_EQ(receive_exactly(fd, 4), little32(17));
+        const std::string length = receive_exactly(fd, 4);
+        EXPECT_THAT(receive_exactly(fd, static_cast<unsigned char>(length[0])), HasSubstr(said));
+        receive_exactly(fd, 12);
+    }
+    ::close(fd);
 }
 
 TEST_F(Server, TakesRequestsInPiecesAndRefusesWhatIsNone)
@@ -466,6 +641,70 @@ TEST_F(Server, TakesRequestsInPiecesAndRefusesWhatIsNone)
     EXPECT_EQ(::recv(fd, &byte, 1, 0), 0);
     ::close(fd);
     EXPECT_EQ(client({"micro", "chip", "get"}).status, 0);
+}
+
+TEST_F(Server, TellsWhatCanStandAtEachPlaceOfAChipCommand)
+{
+    const int fd = connect();
+    const auto next = [&](const std::string &line) {
+        std::string body = line;
+        std::replace(body.begin(), body.end(), ' ', '\0');
+        const std::string bytes = request(3, body + '\0');
+        ::send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        std::string text;
+        while (receive_exactly(fd, 4) == little32(16)) {
+            const std::string length = receive_exactly(fd, 4);
+            std::string words =
+                receive_exactly(fd, static_cast<unsigned char>(length[0]) +
+                                        256u * static_cast<unsigned char>(length[1]));
+            for (size_t at = 0; at < words.size();
+                 at = words.find('\0', words.find('\0', at) + 1) + 1) {
+                text += words.c_str() + at + std::string(" ");
+            }
+        }
+        receive_exactly(fd, 8);
+        return text;
+    };
+    const std::pair<const char *, const char *> places[] = {
+        {"chip peek", "<ADDR> "},
+        {"chip peek 4", "<WORDS> <end of the line> "},
+        {"chip peek 4 4", "<end of the line> "},
+        {"chip peek 4 4 4", "<nothing> "},
+        {"chip journal", "on off show clear "},
+        {"chip journal on", "<end of the line> "},
+        {"chip journal no", "<nothing> "},
+        {"chip load", "online <FILE> "},
+        {"chip load online", "<FILE> "},
+        {"chip fault rba nth=1", "<WORD> nth= count= code= status= op= busy <end of the line> "},
+        {"chip zz", "<nothing> "},
+        {"micro zz", "<nothing> "},
+        {"micro chip get", "<end of the line> "},
+    };
+    for (const auto &[line, words] : places) {
+        EXPECT_EQ(next(line), words) << line;
+    }
+    EXPECT_THAT(next("chip show lcam"), StartsWith("<TABLE> "));
+    EXPECT_THAT(next("chip fault"), HasSubstr(" Qd_PBA_AtomModeSet "));
+
+    // Every command is on the page, and every place of it knows what it takes.
+    std::ifstream page(LDSDK_SOURCE_DIR "/docs/tool.md");
+    const std::string docs((std::istreambuf_iterator<char>(page)), {});
+    std::istringstream help(client({"chip", "help"}).out);
+    for (std::string line; std::getline(help, line);) {
+        std::istringstream usage(line.substr(0, line.find(" \t")));
+        std::string path;
+        for (std::string word; usage >> word;) {
+            if (std::islower(static_cast<unsigned char>(word[0])) == 0) {
+                const size_t begin = word.find_first_not_of('[');
+                EXPECT_THAT(
+                    next(path),
+                    HasSubstr("<" + word.substr(begin, word.find_first_of(".]") - begin) + ">"));
+            }
+            path += (path.empty() ? "" : " ") + word;
+        }
+        EXPECT_THAT(docs, HasSubstr("`" + path)) << path;
+    }
+    ::close(fd);
 }
 
 TEST_F(Server, ItsDeathIsTold)
@@ -532,6 +771,15 @@ TEST(ToolAsm, TakesWhatItPrints)
     EXPECT_EQ(bytes.size(), 1652u);
     EXPECT_EQ(bytes, run({"cat", again}).out);
     EXPECT_EQ(bytes, run({LDSDK_ASM, source, "-o", "-"}).out);
+    EXPECT_EQ(tool({"chip", "load", image}).out, "");
+    for (const std::string load : {"load", "load online"}) {
+        const std::string cut = folder.write("cut", bytes.substr(0, bytes.size() - 1));
+        const Finished loaded = script("chip " + load + " " + cut + "\n");
+        EXPECT_EQ(loaded.status, 0) << loaded.err;
+        EXPECT_THAT(loaded.out, HasSubstr("cut looks cut short: 1651 bytes; expected 1652"));
+    }
+    const std::string longer = folder.write("longer", bytes + "x");
+    EXPECT_THAT(tool({"chip", "load", longer}).out, HasSubstr("expected a multiple of 4"));
 }
 
 TEST(ToolAsm, WrongInputLeavesNoFile)
@@ -566,6 +814,67 @@ TEST(ToolAsm, WrongInputLeavesNoFile)
         }
         EXPECT_EQ(run({"ls", folder.path("")}).out, "bad.npasm\n");
     }
+}
+
+// What an output is stays as it is; only the bytes of a file are replaced.
+TEST(ToolAsm, AnOutputOfAnyKindStaysWhatItIs)
+{
+    namespace fs = std::filesystem;
+    const TempFolder folder;
+    const std::string source = folder.write("x.npasm", "NOP\n");
+    const std::string bytes = run({LDSDK_ASM, source, "-o", "-"}).out;
+    const std::string file = folder.write("file", "old");
+    fs::permissions(file, fs::perms(0600));
+    const std::string none = folder.path("none");
+    const std::string fifo = folder.path("fifo");
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    const int reader = ::open(fifo.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    for (const auto &[name, target] :
+         std::initializer_list<std::pair<std::string, std::string>>{{"to_file", "file"},
+                                                                    {"to_none", none},
+                                                                    {"to_source", source},
+                                                                    {"full", "/dev/full"},
+                                                                    {"null", "/dev/null"},
+                                                                    {"loop", "loop"}}) {
+        fs::create_symlink(target, folder.path(name));
+    }
+    fs::create_hard_link(source, folder.path("again"));
+    const struct {
+        std::string output;
+        std::string said;  // nothing: it works
+        std::string written;
+    } cases[] = {
+        {"file", "", file},
+        {"to_file", "", file},
+        {"to_none", "", none},
+        {"null", "", ""},
+        {"fifo", "", ""},
+        {"full", "full: No space left on device", ""},
+        {"loop", "loop: Too many levels", ""},
+        {".", "Is a directory", ""},
+        {"x.npasm", "is the input", ""},
+        {"to_source", "is the input", ""},
+        {"again", "is the input", ""},
+    };
+    for (const auto &each : cases) {
+        folder.write("file", "old");
+        const std::string output = folder.path(each.output);
+        const auto type = fs::symlink_status(output).type();
+        const Finished finished = run({LDSDK_ASM, source, "-o", output});
+        EXPECT_EQ(finished.status, each.said.empty() ? 0 : 1) << each.output;
+        EXPECT_THAT(finished.err, HasSubstr(each.said)) << each.output;
+        EXPECT_EQ(fs::symlink_status(output).type(), type) << each.output;
+        EXPECT_EQ(fs::status(file).permissions(), fs::perms(0600)) << each.output;
+        if (!each.written.empty()) {
+            EXPECT_EQ(run({"cat", each.written}).out, bytes) << each.output;
+        }
+    }
+    std::string piped(bytes.size() + 1, '\0');
+    EXPECT_EQ(::read(reader, piped.data(), piped.size()), ssize_t(bytes.size()));
+    ::close(reader);
+    EXPECT_EQ(run({LDSDK_ASM, "-", "-o", source}, "NOP\n").status, 0);
+    EXPECT_EQ(run({"cat", folder.path("again")}).out, "NOP\n") << "the other name keeps its file";
+    EXPECT_EQ(run({"sh", "-c", "ls -A " + folder.path("") + " | wc -l"}).out, "11\n");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace ldsdk::host {
 
@@ -17,8 +18,12 @@ struct FeedResult {
 };
 
 // Queues the frames of a capture (pcap or pcapng, Ethernet) as normal packets that came in at an
-// ingress number. It ends at the first frame that the chip refuses.
+// ingress number. It ends at the first frame that the chip has no room for; a frame of 0 bytes and
+// one longer than the chip's longest are errors.
 FeedResult feed_capture(const std::string &path, uint32_t chip, uint32_t phy);
+// The same from the bytes of a file, with its name for errors.
+FeedResult feed_capture(std::string_view bytes, const std::string &name, uint32_t chip,
+                        uint32_t phy);
 
 struct SaveResult {
     uint64_t packets;   // inserted packets in the file
@@ -33,5 +38,7 @@ inline constexpr uint16_t kMessageEtherType = 0x88b5;
 // Writes the packets that the chip remembers as sent by the host, oldest first: inserted packets as
 // they are, messages as above. Times are those of the chip's clock, from the start of 1970.
 SaveResult save_capture(const std::string &path, uint32_t chip);
+// The same as bytes.
+std::string capture_bytes(uint32_t chip, SaveResult &result);
 
 }  // namespace ldsdk::host

@@ -12,7 +12,12 @@ typedef struct NpDyingGasp NpDyingGasp;
 typedef struct NpDyingGaspSmac NpDyingGaspSmac;
 
 /* Hooks that the sibling module registers. They are called from the context of the SDK call under
-   way and may be replaced at any time; registering needs no registered chip. */
+   way; registering needs no registered chip.
+
+   A hook can be replaced and can't be taken back: each function refuses null, the interface has no
+   other, and what is registered stays until the SDK is unloaded. So a hook has to outlive its use:
+   a sibling that can be unloaded leaves its hooks to a module that stays, or registers others that
+   stay before it goes. Replacing does not wait for a hook that is running. */
 typedef void (*NpPrintHook)(const char *pszText); /* one complete text, not a format */
 typedef void (*NpUsDelayHook)(uint32_t ulA, uint32_t ulB, uint32_t ulC);  /* passed through */
 typedef uint32_t (*NpSlaveReadHook)(uint32_t ulAddr, uint32_t *pulValue); /* 0 or a code */

@@ -11,18 +11,87 @@
 
 NP_EXTERN_C_BEGIN
 
-typedef struct NpSmacFilter NpSmacFilter;
-typedef struct NpDmacFilter NpDmacFilter;
-typedef struct NpErrorSample NpErrorSample;
-typedef struct NpDmacMatch NpDmacMatch;
-typedef struct NpAcmClock NpAcmClock;
-typedef struct NpVlanMatch NpVlanMatch;
-typedef struct NpL2Packet NpL2Packet;
-typedef struct NpNonBroadcastGemport NpNonBroadcastGemport;
-typedef struct NpNonBroadcastLlid NpNonBroadcastLlid;
-typedef struct NpIpv4Multicast NpIpv4Multicast;
-typedef struct NpIpv6Multicast NpIpv6Multicast;
-typedef struct NpIpv4Udp NpIpv4Udp;
+/* ulHaInfo is 0 to 127 in all records. */
+
+typedef struct NpSmacFilter {
+    uint8_t aucMac[6];
+    uint32_t ulHaInfo;
+} NpSmacFilter;
+
+typedef struct NpDmacFilter {
+    uint8_t aucMac[6];
+    uint32_t ulHaInfo;
+} NpDmacFilter;
+
+typedef struct NpErrorSample {
+    uint8_t aucMac[6];
+    uint8_t aucMacMask[6]; /* 1: the bit is compared */
+    uint32_t ulHaInfo;
+} NpErrorSample;
+
+typedef struct NpDmacMatch {
+    uint8_t aucMac[6];
+    uint8_t aucMacMask[6]; /* 1: the bit is compared */
+    uint32_t ulHaInfo;
+    uint32_t ulPqmPri; /* 0 to 3 */
+} NpDmacMatch;
+
+typedef struct NpVlanMatch {
+    uint32_t ulVlan; /* 0 to 4095 */
+    uint32_t ulHaInfo;
+    uint32_t ulPqmPri; /* 0 to 3 */
+} NpVlanMatch;
+
+typedef struct NpAcmClock {
+    uint32_t ulEthType;
+    uint32_t ulVlanID; /* 0 to 4095 */
+    uint32_t ulDstIpv4;
+    uint32_t ulSrcUdpPort; /* 0 to 0xffff */
+    uint32_t ulDstUdpPort; /* 0 to 0xffff */
+    uint8_t aucDmac[6];
+    uint32_t ulHaInfo;
+} NpAcmClock;
+
+typedef struct NpL2Packet {
+    uint32_t ulTagNum;  /* 0 to 3 */
+    uint32_t ulEthType; /* 0 to 0xffff */
+    uint8_t aucMac[6];
+    uint32_t ulHaInfo;
+} NpL2Packet;
+
+typedef struct NpNonBroadcastGemport {
+    uint32_t ulGemportID;    /* 0 to 4095 */
+    uint32_t ulFilterEnable; /* 0 or 1 */
+    uint32_t ulHaInfo;
+} NpNonBroadcastGemport;
+
+typedef struct NpNonBroadcastLlid {
+    uint32_t ulEponType;     /* 0 EPON, 1 10G EPON */
+    uint32_t ulFilterEnable; /* 0 or 1 */
+    uint32_t ulHaInfo;
+} NpNonBroadcastLlid;
+
+typedef struct NpIpv4Multicast {
+    uint32_t ulIp;
+    uint32_t ulIpMask;       /* 1: the bit is compared */
+    uint32_t ulFilterEnable; /* 0 or 1 */
+    uint32_t ulHaInfo;
+} NpIpv4Multicast;
+
+typedef struct NpIpv6Multicast {
+    uint32_t ulIp;           /* one word of the address: the chip's field has 32 bits */
+    uint32_t ulIpMask;       /* 1: the bit is compared */
+    uint32_t ulFilterEnable; /* 0 or 1 */
+    uint32_t ulHaInfo;
+} NpIpv6Multicast;
+
+typedef struct NpIpv4Udp {
+    uint32_t ulIp;
+    uint32_t ulIpMask; /* 1: the bit is compared */
+    uint32_t ulUdpDport;
+    uint32_t ulFilterEnable; /* 0 or 1 */
+    uint32_t ulHaInfo;
+} NpIpv4Udp;
 
 /* Source and destination MAC filters. ulFilterID 0 to 7. */
 NP_API uint32_t Np_SmacFilterTbl_Set(uint32_t ulChipID, uint32_t ulFilterID,
@@ -86,8 +155,9 @@ NP_API uint32_t Np_SpecialEthPktHaInfo_Get(uint32_t ulChipID, uint32_t *pulEthTy
 NP_API uint32_t Np_AoePktHaInfo_Set(uint32_t ulChipID, uint32_t ulVlanID, uint32_t ulHaInfo);
 NP_API uint32_t Np_AoePktHaInfo_Get(uint32_t ulChipID, uint32_t *pulVlanID, uint32_t *pulHaInfo);
 
-/* Packets that are not broadcast, of one GEM port (0 to 4095) or of an EPON kind (0 EPON, 1 10G
-   EPON). One rule serves both: use one or the other. */
+/* Packets of a GPON port whose GEM port is not ulGemportID, the broadcast one, and packets of an
+   EPON port on a logical link below the broadcast ones of its kind. One rule serves both: use one
+   or the other. */
 NP_API uint32_t Np_NonBroadcastGemportFilter_Set(
     uint32_t ulChipID, const NpNonBroadcastGemport *pstNonBroadcastGemport);
 NP_API uint32_t Np_NonBroadcastGemportFilter_Get(uint32_t ulChipID,

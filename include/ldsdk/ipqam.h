@@ -9,15 +9,70 @@
 
 NP_EXTERN_C_BEGIN
 
-typedef struct NpPgidMapKey NpPgidMapKey;
-typedef struct NpPgidMapData NpPgidMapData;
-typedef struct NpPmtMapKey NpPmtMapKey;
-typedef struct NpPmtMapData NpPmtMapData;
-typedef struct NpPidMapKey NpPidMapKey;
-typedef struct NpPidMapData NpPidMapData;
-typedef struct NpVersionInfo NpVersionInfo;
-typedef struct NpChannelMap NpChannelMap;
-typedef struct NpEncapInfo NpEncapInfo;
+/* Program group of a UDP destination. Limits of all fields here without one: capacities of the
+   chip, 0 in this family. */
+typedef struct NpPgidMapKey {
+    uint32_t dudp;
+} NpPgidMapKey;
+
+typedef struct NpPgidMapData {
+    uint32_t sip;  /* source address */
+    uint32_t type; /* 0 no map, 1 remap */
+    uint32_t inpgid;
+} NpPgidMapData;
+
+/* A PID of a program group, and its PMT's or its own new one. */
+typedef struct NpPmtMapKey {
+    uint32_t inpgid;
+    uint32_t pid;
+} NpPmtMapKey;
+
+typedef struct NpPmtMapData {
+    uint32_t pmtpid;
+} NpPmtMapData;
+
+typedef struct NpPidMapKey {
+    uint32_t inpgid;
+    uint32_t pid;
+} NpPidMapKey;
+
+typedef struct NpPidMapData {
+    uint32_t newpid;
+} NpPidMapData;
+
+typedef struct NpVersionInfo {
+    uint32_t valid; /* 0, 1 */
+    uint32_t patversion;
+    uint32_t pmtversion;
+} NpVersionInfo;
+
+typedef struct NpChannelMap {
+    uint32_t channelid;
+    uint32_t channelpgid;
+    uint32_t dudp;
+} NpChannelMap;
+
+/* Header of the packets that go out: Ethernet, IPv4, UDP. */
+typedef struct NpEncapInfo {
+    uint32_t dmac[3]; /* two bytes each */
+    uint32_t version;
+    uint32_t headerlen;
+    uint32_t tos;
+    uint32_t totallen;
+    uint32_t identifier;
+    uint32_t frag;
+    uint32_t fragoffset;
+    uint32_t TTL;
+    uint32_t protocol;
+    uint32_t headchecksum;
+    uint32_t sip;
+    uint32_t dip;
+    uint32_t sport;
+    uint32_t dport;
+    uint32_t len;
+    uint32_t checksum;
+} NpEncapInfo;
+
 /* The message that drives the sending. */
 typedef struct NpIpQamTimedMsg {
     uint32_t enable;  /* 0 stops it, 1 starts it */

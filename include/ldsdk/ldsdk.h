@@ -6,7 +6,9 @@
    NP_ERR_NULL_PTR for a null record and NP_ERR_PARAM for an index or a field out of range, before
    anything is written. The comments name what else can come back, and the codes of the chip
    driver come back as they are. Numbers are unsigned unless told. Calls may sleep and take no
-   lock: the caller keeps operations on one table from overlapping. */
+   lock: the caller keeps operations on one table from overlapping. In a kernel a call waits while
+   somebody brings a chip up or takes one down, and gets NP_ERR_SEMAPHORE when that lasts for
+   seconds or when it may not sleep; nothing has happened then. */
 #ifndef LDSDK_LDSDK_H
 #define LDSDK_LDSDK_H
 

@@ -9,20 +9,6 @@
 
 NP_EXTERN_C_BEGIN
 
-typedef struct NpPortGmtKey NpPortGmtKey;
-typedef struct NpPortGmtData NpPortGmtData;
-typedef struct NpPortGemportBitMapInfo NpPortGemportBitMapInfo;
-typedef struct NpPortGemportLoopQid NpPortGemportLoopQid;
-typedef struct NpPortTrunk NpPortTrunk;
-typedef struct NpPortVoipChannel NpPortVoipChannel;
-typedef struct NpPortCarProfile NpPortCarProfile;
-typedef struct NpPortToCpuPtypeCarInfo NpPortToCpuPtypeCarInfo;
-typedef struct NpPortAtmEncap NpPortAtmEncap;
-typedef struct NpPortPvcEnc NpPortPvcEnc;
-typedef struct NpPortCesopKey NpPortCesopKey;
-typedef struct NpPortCesopData NpPortCesopData;
-typedef struct NpPortIpUdpEncapInfo NpPortIpUdpEncapInfo;
-
 typedef struct NpNativeVlan {
     uint32_t ulPri;    /* 0 to 7 */
     uint32_t ulCfi;    /* 0, 1 */
@@ -81,6 +67,146 @@ typedef struct NpPortVmacInfo {
     uint32_t ulVmacBase;   /* first row of the user MAC table, 0 to 0xfff */
     uint32_t ulVmacNumber; /* rows, 0 to 32 */
 } NpPortVmacInfo;
+
+/* Fields of a packet that a GEM port mapping rule compares, and the rule's row. */
+typedef struct NpPortGmtKey {
+    uint32_t ulGmtMode; /* 0 to 15, the fields that count: bit 0 VLAN, 1 priority, 2 ToS, 3 port */
+    uint32_t ulSportType; /* source port, as an NpPortID; from a number of 64 on the rule is that */
+    uint32_t ulSportID;   /* of the port 64 below as well. A read leaves both ports as they are */
+    uint32_t ulSsubPortID;
+    uint32_t ulSPri;
+    uint32_t ulDportType; /* destination port, not in the row */
+    uint32_t ulDportID;
+    uint32_t ulDsubPortID;
+    uint32_t ulDPri;
+    uint32_t ulTos;          /* 0 to 255 */
+    uint32_t ulPcp;          /* 0 to 7 */
+    uint32_t ulVID;          /* 0 to 4095 */
+    uint32_t ulGemportIndex; /* 0 to 511; of several rules that match, the lowest counts */
+} NpPortGmtKey;
+
+typedef struct NpPortGmtData {
+    uint32_t ulGemportID;    /* 0 to 0xfff */
+    uint32_t ulQueueOffset;  /* 0 to 0xff */
+    uint32_t ulCarProfile;   /* 0 to 0xff */
+    uint32_t ulGemportCarID; /* 0 to 0x1ff */
+    uint32_t ulIcosMode;     /* cut to 3 bits */
+    uint32_t ulIcos;         /* cut to 4 bits; there if ulIcosMode is 0 */
+} NpPortGmtData;
+
+typedef struct NpPortGemportBitMapInfo {
+    uint32_t ulHS; /* cut to 8 bits */
+} NpPortGemportBitMapInfo;
+
+typedef struct NpPortGemportLoopQid {
+    uint32_t ulValid; /* cut to 1 bit */
+    uint32_t ulQid;   /* 0 to 0xffff, cut to 15 bits */
+} NpPortGemportLoopQid;
+
+typedef struct NpPortL2Encp {
+    uint32_t ulL2Encp; /* 0 to 0xfff */
+} NpPortL2Encp;
+
+typedef struct NpPortTrunk {
+    uint32_t ulLbType; /* 0 to 15 */
+    NpPortL2Encp astL2Encp[8];
+} NpPortTrunk;
+
+typedef struct NpPortVoipChannel {
+    uint32_t ulIP;
+    uint32_t ulVoipFlowID; /* 0 to 1023 */
+} NpPortVoipChannel;
+
+typedef struct NpPortCarProfile {
+    uint32_t aulCarProfile[8]; /* 0 to 0xff each */
+} NpPortCarProfile;
+
+typedef struct NpPtypeCarInfo {
+    uint32_t ulValid;     /* 0, 1 */
+    uint32_t ulThreshold; /* 0 to 0xff */
+} NpPtypeCarInfo;
+
+typedef struct NpPortToCpuPtypeCarInfo {
+    NpPtypeCarInfo astPtypeCarInfo[4];
+} NpPortToCpuPtypeCarInfo;
+
+/* Encapsulation of a PVC: 0 eth, 1 ch_eth, 2 ppp, 3 ch_ppp, 4 eth_dsa, 5 eth_higi, 6 atm_cell,
+   8 ipoa_llc, 9 1483b_llc, 10 pppoa_llc, 11 aoe, 12 ipoa_vcmax, 13 1483b_vcmax, 14 pppoa_vcmax. */
+typedef struct NpPortPvcEnc {
+    uint32_t ulPvcEnc; /* 0 to 15 */
+} NpPortPvcEnc;
+
+typedef struct NpPortAtmEncap {
+    NpPortPvcEnc astPvcEnc[8];
+} NpPortAtmEncap;
+
+typedef struct NpCesopEncapKeyPw {
+    uint32_t ulPwID; /* 0 to 0xfffff */
+} NpCesopEncapKeyPw;
+
+typedef struct NpCesopEncapKeyConnectID {
+    uint32_t ulConnectID; /* 0 to 0xfff */
+} NpCesopEncapKeyConnectID;
+
+typedef struct NpCesopEncapKeyDport {
+    uint32_t ulUdpDport; /* 0 to 0xffff */
+} NpCesopEncapKeyDport;
+
+typedef struct NpPortCesopKey {
+    uint32_t ulDirection; /* 0 up, 1 down */
+    uint32_t ulEncapMode; /* 0 pw, 1 lsp, 2 ctid, 3 dport; up to 15 */
+    union {
+        NpCesopEncapKeyPw stCesopEncapKeyPw;               /* 0 */
+        NpCesopEncapKeyPw stCesopEncapKeyLsp;              /* 1 */
+        NpCesopEncapKeyConnectID stCesopEncapKeyConnectID; /* 2 */
+        NpCesopEncapKeyDport stCesopEncapKeyDport;         /* 3 */
+    } unCesopEnacpKey;
+} NpPortCesopKey;
+
+typedef struct NpCesopEncapDataPw {
+    uint32_t ulPwID;          /* 0 to 0xfffff */
+    uint32_t ulExp;           /* 0 to 7 */
+    uint32_t ulIsStackBottom; /* 0, 1 */
+    uint32_t ulTtl;           /* 0 to 255 */
+} NpCesopEncapDataPw;
+
+typedef struct NpCesopEncapDataLsp {
+    uint32_t ulLabelID;       /* 0 to 0xfffff */
+    uint32_t ulExp;           /* 0 to 7 */
+    uint32_t ulIsStackBottom; /* 0, 1 */
+    uint32_t ulTtl;           /* 0 to 255 */
+    NpCesopEncapDataPw stPw;  /* the label inside */
+} NpCesopEncapDataLsp;
+
+typedef struct NpCesopEncapDataConnectID {
+    uint32_t ulTpID; /* 0 to 0xffff */
+    NpNativeVlan stInnerVlan;
+} NpCesopEncapDataConnectID;
+
+typedef struct NpCesopEncapDataDport {
+    uint32_t ulCesTunnelId; /* 0 to 31 */
+    uint32_t ulCwLen;       /* 0 to 0xffff */
+} NpCesopEncapDataDport;
+
+typedef struct NpPortCesopData {
+    uint32_t ulEncapMode; /* as in the key */
+    uint32_t ulFlowID;    /* 0 to 1023 */
+    union {
+        NpCesopEncapDataPw pstCesopEnacpDataPw;               /* 0 */
+        NpCesopEncapDataLsp pstCesopEnacpDataLsp;             /* 1 */
+        NpCesopEncapDataConnectID pstCesopEnacpDataConnectID; /* 2 */
+        NpCesopEncapDataDport pstCesopEnacpDataDport;         /* 3 */
+    } unCesopEnacpData;
+} NpPortCesopData;
+
+typedef struct NpPortIpUdpEncapInfo {
+    uint32_t ulTos; /* 0 to 255 */
+    uint32_t ulTtl; /* 0 to 255 */
+    uint32_t ulSip;
+    uint32_t ulDip;
+    uint32_t ulSport; /* 0 to 0xffff */
+    uint32_t ulDport; /* 0 to 0xffff */
+} NpPortIpUdpEncapInfo;
 
 /* Port configuration, the row of the port pstPortID. */
 NP_API uint32_t Np_PctTbl_Set(uint32_t ulChipID, const NpPortID *pstPortID,

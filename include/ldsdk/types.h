@@ -2,8 +2,13 @@
 #ifndef LDSDK_TYPES_H
 #define LDSDK_TYPES_H
 
+/* A kernel has no headers of a C library. C++ in one has the compiler's own. */
+#if defined(__KERNEL__) && !defined(__cplusplus)
+#include <linux/types.h>
+#else
 #include <stddef.h>
 #include <stdint.h>
+#endif
 
 #ifdef __cplusplus
 #define NP_EXTERN_C_BEGIN extern "C" {

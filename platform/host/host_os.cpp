@@ -1,5 +1,6 @@
 #include "platform/host/host_os.h"
 
+#include "ldsdk/micro.h"
 #include "platform/bus.h"
 
 #include <sched.h>
@@ -287,6 +288,34 @@ void Os_Schedule(void)
 {
     note_giving_up();
     sched_yield();
+}
+
+// ---- microcode images -------------------------------------------------------------------------
+
+namespace {
+
+constinit const OsImages *g_images = nullptr;
+
+}  // namespace
+
+void Os_ImagesAttach(const OsImages *pstImages)
+{
+    g_images = pstImages;
+}
+
+void *Os_ImageGet(uint32_t ulAddress, uint32_t ulSize, bool bRegistered)
+{
+    void *found = g_images != nullptr ? g_images->pfnGet(ulAddress, ulSize) : nullptr;
+    return found != nullptr || bRegistered
+               ? found
+               : reinterpret_cast<void *>(static_cast<uintptr_t>(ulAddress));
+}
+
+void Os_ImagePut(uint32_t ulAddress)
+{
+    if (g_images != nullptr) {
+        g_images->pfnPut(ulAddress);
+    }
 }
 
 // ---- misc device ------------------------------------------------------------------------------

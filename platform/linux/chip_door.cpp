@@ -5,14 +5,19 @@
 
 using namespace ldsdk;
 
-uint32_t Ld_ChipAttach(uint32_t ulChipID)
+uint32_t Ld_ModelAttach(uint32_t ulChipID)
 {
     return model::attach(ulChipID);
 }
 
-uint32_t Ld_ChipDetach(uint32_t ulChipID)
+uint32_t Ld_ModelDetach(uint32_t ulChipID)
 {
     return model::detach(ulChipID);
+}
+
+void Ld_ModelPace(bool (*pfnGoOn)(void))
+{
+    model::pace_set(pfnGoOn);
 }
 
 const OsBus *Ld_ChipBus(void)

@@ -29,6 +29,7 @@ static void expect(const char *what, unsigned long request, void *argument, int 
 }
 
 static struct LdDebugCall call;
+static struct LdDebugImage image;
 
 static void expect_result(const char *what, uint32_t result)
 {
@@ -158,6 +159,13 @@ int main(int argc, char **argv)
     call.number = 0xfffffffc;
     expect("a wild address", LD_DEBUG_REQUEST, &call, 0);
     expect_result("a wild address", 0xe0000003);
+
+    image.bytes = (uintptr_t)pages;
+    expect("an image of no bytes", LD_DEBUG_IMAGE_REQUEST, &image, EINVAL);
+    image.size = PAGE + 1;
+    expect("an image that runs out of its page", LD_DEBUG_IMAGE_REQUEST, &image, EFAULT);
+    image.size = LD_IMAGE_LARGEST + 1;
+    expect("an image that is too large", LD_DEBUG_IMAGE_REQUEST, &image, EFBIG);
 
     return faults == 0 ? 0 : 1;
 }

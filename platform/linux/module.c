@@ -25,9 +25,10 @@ MODULE_DESCRIPTION("SDK of a network processor");
 #define EXPORT_EXPORTED(Function) \
     extern void Function(void);   \
     EXPORT_SYMBOL(Function);
+#define EXPORT_ALONE(Function) EXPORT_EXPORTED(Function)
 #define EXPORT_INTERNAL(Function)
 
 #define NP_SERVICE(ulSlot, Door, Wrapper, Impl, ulArity, State) EXPORT_##Door(Wrapper)
 #define NP_SERVICE_EMPTY(ulSlot, Door, Wrapper, ulArity) EXPORT_##Door(Wrapper)
 #define NP_SERVICE_DIRECT(Function) EXPORT_EXPORTED(Function)
-#include "sdk/frame/service_list.h"
+#include "sdk/frame/base/service_list.h"

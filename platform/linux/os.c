@@ -1,11 +1,14 @@
 /* The services of platform/os.h in a Linux kernel.
 
    What the SDK prints goes to the kernel log line by line: "ldsdk: " and a whole line, or "ldsdk+ "
-   and a piece of one that goes on in the next record. A reader that joins the pieces has the text
-   byte for byte. */
+   and a piece of one that goes on in the next record. "ldsdk. " and what a command leaves open,
+   which may be nothing, are its last record. A reader that joins the pieces has a command's text
+   byte for byte. What is not a command's, but a sibling's or an interrupt's, has "ldsdk[PID]: " or
+   "ldsdk[irq]: " in front, so that it never comes between. */
 #include "platform/os.h"
 #include "platform/bus.h"
 #include "platform/linux/shim.h"
+#include "platform/linux/turn.h"
 
 #include <linux/atomic.h>
 #include <linux/delay.h>
@@ -16,12 +19,10 @@
 #include <linux/miscdevice.h>
 #include <linux/mm.h>
 #include <linux/module.h>
-#include <linux/mutex.h>
 #include <linux/preempt.h>
 #include <linux/printk.h>
 #include <linux/sched.h>
 #include <linux/slab.h>
-#include <linux/spinlock.h>
 #include <linux/string.h>
 #include <linux/uaccess.h>
 
@@ -30,61 +31,87 @@
 /* A record of the log holds about 1000 bytes. */
 #define LOG_PIECE 900
 
-static DEFINE_RAW_SPINLOCK(log_lock);
-static char log_line[LOG_PIECE];
-static size_t log_used;
-static char log_text[1024];
+/* The command's own, as there is one command at a time: what it has not ended yet, and where it
+   formats. */
+static char command_line[LOG_PIECE];
+static size_t command_line_used;
+static char command_text[1024];
 
-/* With the lock held. */
-static void log_emit(bool whole)
+static void log_record(const char *who, char mark, const char *text, size_t length)
 {
-    printk(KERN_INFO "%s%.*s\n", whole ? "ldsdk: " : "ldsdk+ ", (int)log_used, log_line);
-    log_used = 0;
+    printk(KERN_INFO "ldsdk%s%c %.*s\n", who, mark, (int)length, text);
 }
 
-static void log_put(const char *text)
+static void command_flush(char mark)
+{
+    log_record("", mark, command_line, command_line_used);
+    command_line_used = 0;
+}
+
+static void command_put(const char *text)
 {
     for (; *text != 0; text++) {
         if (*text == '\n') {
-            log_emit(true);
+            command_flush(':');
             continue;
         }
-        if (log_used == LOG_PIECE) {
-            log_emit(false);
+        if (command_line_used == LOG_PIECE) {
+            command_flush('+');
         }
-        log_line[log_used++] = *text;
+        command_line[command_line_used++] = *text;
     }
 }
 
-static void log_flush(void)
+/* Anybody else's text keeps nothing for later. */
+static void other_put(const char *text)
 {
-    unsigned long flags;
+    char who[16] = "[irq]";
 
-    raw_spin_lock_irqsave(&log_lock, flags);
-    if (log_used != 0) {
-        log_emit(false);
+    if (in_task()) {
+        snprintf(who, sizeof(who), "[%d]", current->pid);
     }
-    raw_spin_unlock_irqrestore(&log_lock, flags);
+    while (*text != 0) {
+        const size_t length = strcspn(text, "\n");
+
+        if (length > LOG_PIECE) {
+            log_record(who, '+', text, LOG_PIECE);
+            text += LOG_PIECE;
+            continue;
+        }
+        log_record(who, text[length] != 0 ? ':' : '+', text, length);
+        text += length + (text[length] != 0 ? 1 : 0);
+    }
 }
 
+/* Nothing is held here, so that any context may print: others have a buffer of their own each. */
 int Os_Print(const char *pszFormat, ...)
 {
-    unsigned long flags;
+    const bool command = turn_is_command();
+    char short_text[256];
+    char *text = command ? command_text : short_text;
+    const size_t size = command ? sizeof(command_text) : sizeof(short_text);
+    char *long_text = NULL;
     va_list args;
     int length;
-    char *long_text = NULL;
 
-    raw_spin_lock_irqsave(&log_lock, flags);
     va_start(args, pszFormat);
-    length = vsnprintf(log_text, sizeof(log_text), pszFormat, args);
+    length = vsnprintf(text, size, pszFormat, args);
     va_end(args);
-    if (length >= (int)sizeof(log_text)) {
+    if (length >= (int)size) {
         va_start(args, pszFormat);
-        long_text = kvasprintf(GFP_ATOMIC, pszFormat, args);
+        long_text = kvasprintf(GFP_ATOMIC | __GFP_NOWARN, pszFormat, args);
         va_end(args);
+        text = long_text != NULL ? long_text : text;
     }
-    log_put(long_text != NULL ? long_text : log_text);
-    raw_spin_unlock_irqrestore(&log_lock, flags);
+    if (command) {
+        command_put(text);
+    }
+    else {
+        other_put(text);
+    }
+    if (length >= (int)size && long_text == NULL) {
+        pr_warn("ldsdk_arm: no memory: %d bytes of a text are lost\n", length - (int)size + 1);
+    }
     kfree(long_text);
     return length;
 }
@@ -212,6 +239,36 @@ const OsIoRow *Os_IoExtraMap(void)
     return extra_rows;
 }
 
+/* ---- microcode images ---- */
+
+static const OsImages *os_images;
+
+void Os_ImagesAttach(const OsImages *pstImages)
+{
+    os_images = pstImages;
+}
+EXPORT_SYMBOL(Os_ImagesAttach);
+
+void *Os_ImageGet(uint32_t ulAddress, uint32_t ulSize, bool bRegistered)
+{
+    void *found = os_images != NULL ? os_images->pfnGet(ulAddress, ulSize) : NULL;
+
+#if BITS_PER_LONG == 32
+    /* A sibling's own memory, and never a process's. */
+    if (found == NULL && !bRegistered && ulAddress >= TASK_SIZE && ulSize <= -ulAddress) {
+        found = (void *)ulAddress;
+    }
+#endif
+    return found;
+}
+
+void Os_ImagePut(uint32_t ulAddress)
+{
+    if (os_images != NULL) {
+        os_images->pfnPut(ulAddress);
+    }
+}
+
 /* ---- memory ---- */
 
 static atomic_t blocks = ATOMIC_INIT(0);
@@ -277,7 +334,6 @@ void Os_IrqRestore(uintptr_t ulState)
 /* ---- misc device ---- */
 
 static const OsMiscOps *misc_ops;
-static DEFINE_MUTEX(command_lock);
 
 static int misc_open(struct inode *inode, struct file *file)
 {
@@ -294,12 +350,12 @@ static long misc_ioctl(struct file *file, unsigned int command, unsigned long ar
 {
     int result;
 
-    if (mutex_lock_killable(&command_lock) != 0) {
+    if (turn_command_begin() != 0) {
         return -EINTR;
     }
     result = misc_ops->pfnIoctl(file_inode(file), file, command, argument);
-    log_flush();
-    mutex_unlock(&command_lock);
+    command_flush('.');
+    turn_command_end();
     return result;
 }
 
@@ -308,6 +364,7 @@ static const struct file_operations misc_file_ops = {
     .open = misc_open,
     .release = misc_release,
     .unlocked_ioctl = misc_ioctl,
+    .compat_ioctl = compat_ptr_ioctl,
 };
 
 static struct miscdevice misc_device = {
@@ -344,7 +401,7 @@ void Os_MiscDeregister(const char *pszName)
 
 void Os_LinuxEnd(void)
 {
-    log_flush();
+    turn_end();
     io_unmap_real();
     if (atomic_read(&blocks) != 0) {
         pr_err("ldsdk: leak: %d blocks are not given back\n", atomic_read(&blocks));

@@ -41,6 +41,7 @@ static uint32_t register_hooks(void)
 static uint32_t attach_chip(void)
 {
     Os_BusAttach(Ld_ChipBus());
+    Os_ImagesAttach(Ld_BoardImages());
     return Ld_ChipAttach(CHIP);
 }
 
@@ -61,9 +62,12 @@ static uint32_t bring_up(void)
     return Np_INIT_SdkInit(CHIP);
 }
 
-static uint32_t load_image(void)
+/* The word of the image, once it is read. */
+static NpMicroLoad load;
+
+/* The file system may take its time: nobody is held off for it. */
+static uint32_t read_image(void)
 {
-    NpMicroLoad load;
     void *bytes = NULL;
     ssize_t size;
 
@@ -75,12 +79,17 @@ static uint32_t load_image(void)
         pr_err("ldsdk_sibling: %s can't be read: %zd\n", image, size);
         return NP_ERR_NOT_EXIST;
     }
-    Ld_BoardKeepImage(bytes);
     load.ulLength = (uint32_t)size;
-    load.ulAddress = (uint32_t)(uintptr_t)bytes;
-    return Np_Micro_Load(CHIP, &load);
+    load.ulAddress = Ld_BoardKeepImage(bytes, (uint32_t)size);
+    return load.ulAddress != 0 ? NP_OK : NP_ERR_NO_MEMORY;
 }
 
+static uint32_t load_image(void)
+{
+    return load.ulAddress != 0 ? Np_Micro_Load(CHIP, &load) : NP_OK;
+}
+
+/* No command runs beside a step. */
 static const struct {
     const char *name;
     uint32_t (*run)(void);
@@ -90,23 +99,42 @@ static const struct {
     {"bringing the chip up", bring_up},      {"loading microcode", load_image},
 };
 
+static uint32_t run_step(size_t i)
+{
+    uint32_t status;
+
+    if (Ld_SdkHold() != 0) {
+        return NP_ERR_SEMAPHORE;
+    }
+    status = steps[i].run();
+    Ld_SdkRelease();
+    return status;
+}
+
 /* The bus stays attached: commands that still come find windows without a chip. */
 static void take_down(void)
 {
+    const bool held = Ld_SdkHold() == 0;
     const uint32_t status = Np_INIT_SdkDestruct(CHIP);
 
     if (status != NP_OK) {
         pr_err("ldsdk_sibling: taking the chip down gives 0x%08x\n", status);
     }
     Ld_ChipDetach(CHIP);
+    if (held) {
+        Ld_SdkRelease();
+    }
 }
 
 static int __init sibling_init(void)
 {
     size_t i;
 
+    if (read_image() != NP_OK) {
+        return -EIO;
+    }
     for (i = 0; i < ARRAY_SIZE(steps); i++) {
-        const uint32_t status = steps[i].run();
+        const uint32_t status = run_step(i);
 
         if (status != NP_OK) {
             pr_err("ldsdk_sibling: %s gives 0x%08x\n", steps[i].name, status);

@@ -1,9 +1,9 @@
 #include "sdk/access/bus.h"
 
 #include "platform/os.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 
 constinit NpIoMap g_stIoMapTbl[NP_IO_MAP_NUM] = {
     {0x60200000, 0x6027ffff, 0}, {0x64000000, 0x64057fff, 0}, {0x7a100000, 0x7a101a50, 0},
@@ -43,20 +43,50 @@ uintptr_t Np_RowVirt(const Row &stRow, uint32_t ulAddr)
     return stRow.ulVirt == 0 ? 0 : stRow.ulVirt + (ulAddr - stRow.ulFirst);
 }
 
-// Virtual address of a chip address on the master, 0 when nothing maps it.
-uintptr_t Np_MapFind(uint32_t ulAddr)
+// Tells whether a row holds the words at ulAddr and at ulSpan bytes behind it.
+template <typename Row>
+bool Np_RowHolds(const Row &stRow, uint32_t ulAddr, uint32_t ulSpan)
+{
+    return ulAddr >= stRow.ulFirst && ulAddr <= stRow.ulLast && ulSpan <= stRow.ulLast - ulAddr;
+}
+
+// Virtual address of a chip address on the master, 0 when no row maps it and what spans from it.
+uintptr_t Np_MapFind(uint32_t ulAddr, uint32_t ulSpan = 0)
 {
     for (const NpIoMap &stRow : g_stIoMapTbl) {
-        if (ulAddr >= stRow.ulFirst && ulAddr <= stRow.ulLast) {
+        if (Np_RowHolds(stRow, ulAddr, ulSpan)) {
             return Np_RowVirt(stRow, ulAddr);
         }
     }
     for (const OsIoRow *pstRow = g_pstIoExtra; pstRow != nullptr && pstRow->ulLast != 0; pstRow++) {
-        if (ulAddr >= pstRow->ulFirst && ulAddr <= pstRow->ulLast) {
+        if (Np_RowHolds(*pstRow, ulAddr, ulSpan)) {
             return Np_RowVirt(*pstRow, ulAddr);
         }
     }
     return 0;
+}
+
+// Virtual address of a line, so that its words need no look-up each. 0 on a slave, and when no row
+// of the map holds the whole line.
+uintptr_t Np_LineFind(uint32_t ulChipID, uint32_t ulLine)
+{
+    return g_stNpChipAddr[ulChipID].ulRegBaseAddr == 0 ? Np_MapFind(ulLine, NP_LINE_SIZE - 4) : 0;
+}
+
+// Reads a line upwards, and writes it downwards with one word changed.
+template <typename Read, typename Write>
+void Np_LineChange(uint32_t ulAddr, uint32_t ulValue, Read fnRead, Write fnWrite)
+{
+    uint32_t aulLine[NP_LINE_SIZE / 4] = {};
+    const uintptr_t ulKey = Np_IntLock();
+    for (uint32_t i = 0; i < NP_LINE_SIZE / 4; i++) {
+        fnRead(4 * i, &aulLine[i]);
+    }
+    aulLine[(ulAddr / 4) & 3] = ulValue;
+    for (uint32_t i = NP_LINE_SIZE / 4; i-- > 0;) {
+        fnWrite(4 * i, &aulLine[i]);
+    }
+    Np_IntUnlock(ulKey);
 }
 
 uint16_t *Np_BusReg(uint32_t ulChipID, uint16_t *pusBase, NpBusReg enReg)
@@ -286,27 +316,33 @@ uint32_t Np_Bit16Write(uint16_t *pusAddr, const uint16_t *pusValue)
 
 uint32_t Np_SMEM_ChipRead32(uint32_t ulChipID, uint32_t ulAddr, uint32_t *pulValue)
 {
-    Np_Read(ulChipID, ulAddr & ~(NP_LINE_SIZE - 1), pulValue);
+    const uint32_t ulLine = ulAddr & ~(NP_LINE_SIZE - 1);
+    const uintptr_t ulVirt = Np_LineFind(ulChipID, ulLine);
+    if (ulVirt != 0) {
+        *pulValue = Os_IoRead32(ulVirt);
+        *pulValue = Os_IoRead32(ulVirt + (ulAddr - ulLine));
+        return NP_OK;
+    }
+    Np_Read(ulChipID, ulLine, pulValue);
     Np_Read(ulChipID, ulAddr, pulValue);
     return NP_OK;
 }
 
 uint32_t Np_SMEM_ChipWrite32(uint32_t ulChipID, uint32_t ulAddr, const uint32_t *pulValue)
 {
-    uint32_t aulLine[NP_LINE_SIZE / 4] = {};
     const uint32_t ulLine = ulAddr & ~(NP_LINE_SIZE - 1);
-    const uint32_t ulChanged = (ulAddr / 4) & 3;
-    const uintptr_t ulKey = Np_IntLock();
-    for (uint32_t i = 0; i < NP_LINE_SIZE / 4; i++) {
-        Np_Read(ulChipID, ulLine + 4 * i, &aulLine[i]);
-        if (i == ulChanged) {
-            aulLine[i] = *pulValue;
-        }
+    const uintptr_t ulVirt = Np_LineFind(ulChipID, ulLine);
+    if (ulVirt != 0) {
+        Np_LineChange(
+            ulAddr, *pulValue,
+            [=](uint32_t ulAt, uint32_t *pulWord) { *pulWord = Os_IoRead32(ulVirt + ulAt); },
+            [=](uint32_t ulAt, uint32_t *pulWord) { Os_IoWrite32(ulVirt + ulAt, *pulWord); });
+        return NP_OK;
     }
-    for (uint32_t i = NP_LINE_SIZE / 4; i-- > 0;) {
-        Np_Write(ulChipID, ulLine + 4 * i, &aulLine[i]);
-    }
-    Np_IntUnlock(ulKey);
+    Np_LineChange(
+        ulAddr, *pulValue,
+        [=](uint32_t ulAt, uint32_t *pulWord) { Np_Read(ulChipID, ulLine + ulAt, pulWord); },
+        [=](uint32_t ulAt, uint32_t *pulWord) { Np_Write(ulChipID, ulLine + ulAt, pulWord); });
     return NP_OK;
 }
 

@@ -1,9 +1,9 @@
 #include "sdk/access/counter.h"
 
 #include "sdk/access/smem.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 
 constinit const NpCntConfigDesc *g_asttarnNpCntConfigDesc[NP_CHIP_NUM] = {};
 
@@ -91,23 +91,26 @@ uint32_t Np_CntSum(const NpCntConfigDesc *pstRow, uint32_t ulCntID)
     return (pstRow->ulMemBank << 20) + Np_CntOffset(pstRow, ulCntID);
 }
 
-uint32_t Np_CntTypeCheck(uint32_t ulCntType)
+uint32_t Np_CntTypeCheck(uint32_t ulCntType, NpWhere stWhere = Np_Here())
 {
     if (ulCntType >= NP_CNT_TYPE_NUM) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "param error! ulCntType=0x%08x\r\n", ulCntType);
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "param error! ulCntType=0x%08x\r\n",
+                    ulCntType);
         return NP_ERR_PARAM;
     }
     return NP_OK;
 }
 
-uint32_t Np_CntCheck(uint32_t ulChipID, uint32_t ulCntType, uint32_t ulCntID)
+uint32_t Np_CntCheck(uint32_t ulChipID, uint32_t ulCntType, uint32_t ulCntID,
+                     NpWhere stWhere = Np_Here())
 {
-    const uint32_t ulReturn = Np_CntTypeCheck(ulCntType);
+    const uint32_t ulReturn = Np_CntTypeCheck(ulCntType, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
     if (ulCntID >= Np_CntRow(ulChipID, ulCntType)->ulCntNum) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "cnt id error! cntid = 0x%08x\r\n", ulCntID);
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "cnt id error! cntid = 0x%08x\r\n",
+                    ulCntID);
         return NP_ERR_PARAM;
     }
     return NP_OK;
@@ -137,14 +140,14 @@ using NpCntReadReq = uint32_t(uint32_t ulChipID, uint32_t ulSmemID, const NpSmem
                               NpSmemRsp *pstRsp);
 
 uint32_t Np_CntFetch(uint32_t ulChipID, uint32_t ulCntType, uint32_t ulCntID,
-                     NpCntReadReq *pfnRequest, NpCntValue *pstCntValue)
+                     NpCntReadReq *pfnRequest, NpCntValue *pstCntValue, NpWhere stWhere = Np_Here())
 {
     if (pstCntValue == nullptr) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "Para null ptr\r\n");
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "Para null ptr\r\n");
         return NP_ERR_NULL_PTR;
     }
     *pstCntValue = {};
-    uint32_t ulReturn = Np_CntCheck(ulChipID, ulCntType, ulCntID);
+    uint32_t ulReturn = Np_CntCheck(ulChipID, ulCntType, ulCntID, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -153,14 +156,14 @@ uint32_t Np_CntFetch(uint32_t ulChipID, uint32_t ulCntType, uint32_t ulCntID,
     NpSmemRsp stRsp;
     ulReturn = pfnRequest(ulChipID, pstRow->ulSmemID, &stReq, &stRsp);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR,
-                 "smem read failed! ulReturn = 0x%08x, ulStatus=0x%08x\r\n", ulReturn,
-                 stRsp.ulStatus);
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR,
+                    "smem read failed! ulReturn = 0x%08x, ulStatus=0x%08x\r\n", ulReturn,
+                    stRsp.ulStatus);
         return NP_ERR_SMEM_READ;
     }
     if (stRsp.ulStatus != NP_SMEM_STATUS_OK) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "smem read failed! ulStatus=0x%08x\r\n",
-                 stRsp.ulStatus);
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "smem read failed! ulStatus=0x%08x\r\n",
+                    stRsp.ulStatus);
         return NP_ERR_SMEM_READ;
     }
     Np_CntUnpack(stRsp.aucData, pstRow->ulCntWidth, pstCntValue);

@@ -1,24 +1,25 @@
 #include "sdk/access/portid.h"
 
 #include "platform/driver.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/trace.h"
 
 namespace {
 
 inline constexpr uint32_t NP_PHY_XAUI_SUB_MASK = 63;
 
 // What every conversion refuses before the driver is asked.
-uint32_t Np_PortTypeCheck(const NpPortID *pstPortID, const void *pvOther)
+uint32_t Np_PortTypeCheck(const NpPortID *pstPortID, const void *pvOther,
+                          NpWhere stWhere = Np_Here())
 {
     if (pstPortID == nullptr || pvOther == nullptr) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "Para null ptr\r\n");
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "Para null ptr\r\n");
         return NP_ERR_NULL_PTR;
     }
     if (pstPortID->ulPortType >= NP_PORT_TYPE_NUM) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "param error! ulPortType=0x%08x\r\n",
-                 pstPortID->ulPortType);
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "param error! ulPortType=0x%08x\r\n",
+                    pstPortID->ulPortType);
         return NP_ERR_PARAM;
     }
     return NP_OK;

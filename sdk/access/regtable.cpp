@@ -2,9 +2,9 @@
 
 #include "sdk/access/bus.h"
 #include "sdk/access/smem.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 
 namespace {
 
@@ -65,6 +65,79 @@ uint32_t Np_RowFind(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex, con
         pstRow->pstDesc = &g_stNpChipAddr[ulChipID].pstRegTable[ulTableID];
     }
     return ulReturn;
+}
+
+// What of a row lies in one 32-bit word of memory: rows of 1 and 2 bytes share theirs.
+struct NpRowPiece {
+    uint32_t ulAddr;  // of the word
+    uint32_t ulByte;  // of the word, where the piece begins
+    uint32_t ulSize;  // bytes
+};
+
+NpRowPiece Np_RowPiece(const NpRegRow &stRow, uint32_t ulDone)
+{
+    const uint32_t ulAddr = stRow.ulAddr + ulDone;
+    const uint32_t ulByte = ulAddr % 4;
+    const uint32_t ulLeft = stRow.pstDesc->ulRecordWidth - ulDone;
+    return {ulAddr - ulByte, ulByte, ulLeft < 4 - ulByte ? ulLeft : 4 - ulByte};
+}
+
+// What is left of a row behind its whole words, ulDone bytes. Of a word that it does not fill, the
+// other rows keep their bytes.
+[[gnu::noinline]] void Np_PiecesWrite(uint32_t ulChipID, const NpRegRow &stRow, const void *pData,
+                                      uint32_t ulDone,
+                                      uint32_t (*pfnRead)(uint32_t, uint32_t, uint32_t *),
+                                      uint32_t (*pfnWrite)(uint32_t, uint32_t, const uint32_t *))
+{
+    while (ulDone < stRow.pstDesc->ulRecordWidth) {
+        const NpRowPiece stPiece = Np_RowPiece(stRow, ulDone);
+        uint32_t ulWord = 0;
+        const uintptr_t ulKey = Np_IntLock();
+        if (stPiece.ulSize < sizeof(ulWord)) {
+            pfnRead(ulChipID, stPiece.ulAddr, &ulWord);
+        }
+        memcpy(reinterpret_cast<uint8_t *>(&ulWord) + stPiece.ulByte,
+               static_cast<const uint8_t *>(pData) + ulDone, stPiece.ulSize);
+        pfnWrite(ulChipID, stPiece.ulAddr, &ulWord);
+        Np_IntUnlock(ulKey);
+        ulDone += stPiece.ulSize;
+    }
+}
+
+[[gnu::noinline]] void Np_PiecesRead(uint32_t ulChipID, const NpRegRow &stRow, uint8_t *pucData,
+                                     uint32_t ulDone)
+{
+    while (ulDone < stRow.pstDesc->ulRecordWidth) {
+        const NpRowPiece stPiece = Np_RowPiece(stRow, ulDone);
+        uint32_t ulWord = 0;
+        uint8_t *pucPiece = reinterpret_cast<uint8_t *>(&ulWord) + stPiece.ulByte;
+        memcpy(pucPiece, pucData + ulDone, stPiece.ulSize);  // stays if nothing is read
+        Np_SMEM_ChipRead32(ulChipID, stPiece.ulAddr, &ulWord);
+        memcpy(pucData + ulDone, pucPiece, stPiece.ulSize);
+        ulDone += stPiece.ulSize;
+    }
+}
+
+// Bytes of a row that whole words of memory hold.
+uint32_t Np_WholeBytes(const NpRegRow &stRow)
+{
+    return stRow.ulAddr % 4 == 0 ? stRow.pstDesc->ulRecordWidth / 4 * 4 : 0;
+}
+
+// Writes a row word by word.
+inline void Np_WordsWrite(uint32_t ulChipID, const NpRegRow &stRow, const void *pData,
+                          uint32_t (*pfnRead)(uint32_t, uint32_t, uint32_t *),
+                          uint32_t (*pfnWrite)(uint32_t, uint32_t, const uint32_t *))
+{
+    const uint32_t ulWhole = Np_WholeBytes(stRow);
+    for (uint32_t i = 0; i < ulWhole; i += 4) {
+        uint32_t ulWord;
+        __builtin_memcpy(&ulWord, static_cast<const uint8_t *>(pData) + i, 4);
+        pfnWrite(ulChipID, stRow.ulAddr + i, &ulWord);
+    }
+    if (ulWhole != stRow.pstDesc->ulRecordWidth) [[unlikely]] {
+        Np_PiecesWrite(ulChipID, stRow, pData, ulWhole, pfnRead, pfnWrite);
+    }
 }
 
 // A descriptor field, or why the chip is not known.
@@ -135,11 +208,7 @@ uint32_t Np_RegTableWrite(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulInde
                                      Np_SmemLengthCode(pstDesc->ulRecordWidth),
                                      Np_SmemOffset(stRow.ulAddr), pucData);
         }
-        for (uint32_t i = 0; i + 4 <= pstDesc->ulRecordWidth; i += 4) {
-            uint32_t ulWord;
-            __builtin_memcpy(&ulWord, pucData + i, 4);
-            Np_SMEM_ChipWrite32(ulChipID, stRow.ulAddr + i, &ulWord);
-        }
+        Np_WordsWrite(ulChipID, stRow, pucData, Np_SMEM_ChipRead32, Np_SMEM_ChipWrite32);
         return NP_OK;
     }
     for (uint32_t i = 0; i < Np_UnitCount(pstDesc); i++) {
@@ -174,11 +243,15 @@ uint32_t Np_RegTableRead(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex
         }
         // One lock over the row: its words come from one state of the line.
         const uintptr_t ulKey = Np_IntLock();
-        for (uint32_t i = 0; i + 4 <= pstDesc->ulRecordWidth; i += 4) {
+        const uint32_t ulWhole = Np_WholeBytes(stRow);
+        for (uint32_t i = 0; i < ulWhole; i += 4) {
             uint32_t ulWord;
             __builtin_memcpy(&ulWord, pucData + i, 4);  // stays as it was if nothing is read
             Np_SMEM_ChipRead32(ulChipID, stRow.ulAddr + i, &ulWord);
             __builtin_memcpy(pucData + i, &ulWord, 4);
+        }
+        if (ulWhole != pstDesc->ulRecordWidth) [[unlikely]] {
+            Np_PiecesRead(ulChipID, stRow, pucData, ulWhole);
         }
         Np_IntUnlock(ulKey);
         return NP_OK;
@@ -200,11 +273,7 @@ uint32_t Np_RegTableSpecialWrite(uint32_t ulChipID, uint32_t ulTableID, uint32_t
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    for (uint32_t i = 0; i + 4 <= stRow.pstDesc->ulRecordWidth; i += 4) {
-        uint32_t ulWord;
-        __builtin_memcpy(&ulWord, static_cast<const uint8_t *>(pData) + i, 4);
-        Np_Write(ulChipID, stRow.ulAddr + i, &ulWord);
-    }
+    Np_WordsWrite(ulChipID, stRow, pData, Np_Read, Np_Write);
     return NP_OK;
 }
 
@@ -254,7 +323,7 @@ uint32_t Np_IsTable(uint32_t ulChipID, uint32_t ulTableOrAddr, bool *pbTable)
 
 }  // namespace
 
-// Of a table's row the first word is meant; the rest of the row keeps its bytes.
+// Of a table's row the first word is meant, or what the row has of one; the rest keeps its bytes.
 uint32_t Np_RegTable32WriteEx(uint32_t ulChipID, uint32_t ulTableOrAddr, uint32_t ulIndex,
                               uint32_t ulValue)
 {
@@ -289,6 +358,7 @@ uint32_t Np_RegTable32ReadEx(uint32_t ulChipID, uint32_t ulTableOrAddr, uint32_t
         return ulReturn;
     }
     if (bTable) {
+        memset(g_aucRegScratch, 0, sizeof(*pulValue));  // a row may be narrower
         ulReturn = Np_RegTableRead(ulChipID, ulTableOrAddr, ulIndex, g_aucRegScratch);
         if (ulReturn == NP_OK) {
             __builtin_memcpy(pulValue, g_aucRegScratch, sizeof(*pulValue));

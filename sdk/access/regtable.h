@@ -43,7 +43,8 @@ extern "C" {
 // NP_ERR_ADDRESS for an index past the rows or an unknown access kind. ulTableID is not checked.
 uint32_t Np_RegTableRealAddrGet(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex,
                                 uint32_t *pulAddr);
-// Move one row; pData holds its bytes in buffer form. Codes as above, or the search memory's.
+// Move one row; pData holds its bytes in buffer form. Rows that share a 32-bit word of memory are
+// independent of each other. Codes as above, or the search memory's.
 uint32_t Np_RegTableWrite(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex,
                           const void *pData);
 uint32_t Np_RegTableRead(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex, void *pData);

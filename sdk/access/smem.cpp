@@ -3,9 +3,9 @@
 #include "platform/driver.h"
 #include "platform/os.h"
 #include "sdk/access/frame.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 
 constinit uint8_t *g_aulDdrAddr[NP_CHIP_NUM] = {};
 constinit const uint32_t *g_aulNpSmemCopAddr[NP_CHIP_NUM] = {};
@@ -162,45 +162,49 @@ void Np_ValueCopy(void *pvTo, const void *pvFrom, uint32_t ulLength)
     }
 }
 
-uint32_t Np_AccessCheck(uint32_t ulSmemID, uint32_t ulLength)
+uint32_t Np_AccessCheck(uint32_t ulSmemID, uint32_t ulLength, NpWhere stWhere = Np_Here())
 {
     if (ulSmemID >= Np_GLB_CapGet(NP_CAP_SMEM_NUM)) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "param error! ulSmemID=0x%08x\r\n", ulSmemID);
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "param error! ulSmemID=0x%08x\r\n",
+                    ulSmemID);
         return NP_ERR_PARAM;
     }
     if (ulLength > NP_SMEM_LEN_128) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "param error! ulLength=0x%08x\r\n", ulLength);
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "param error! ulLength=0x%08x\r\n",
+                    ulLength);
         return NP_ERR_PARAM;
     }
     return NP_OK;
 }
 
 // What a plain access makes of the driver's code and the status word.
-uint32_t Np_AccessResult(uint32_t ulReturn, const NpSmemRsp *pstRsp, const char *pszWhat)
+uint32_t Np_AccessResult(uint32_t ulReturn, const NpSmemRsp *pstRsp, const char *pszWhat,
+                         NpWhere stWhere = Np_Here())
 {
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
         return ulReturn;
     }
     if (pstRsp->ulStatus != NP_SMEM_STATUS_OK) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "%s smem failed! ulStatus=0x%08x\r\n", pszWhat,
-                 pstRsp->ulStatus);
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "%s smem failed! ulStatus=0x%08x\r\n",
+                    pszWhat, pstRsp->ulStatus);
         return NP_ERR_SMEM_OP;
     }
     return NP_OK;
 }
 
 uint32_t Np_AccessRead(uint32_t ulChipID, uint32_t ulSmemID, uint32_t ulLength, uint32_t ulOffAddr,
-                       NpSmemOp enOp, const char *pszWhat, uint32_t *pulRetArray)
+                       NpSmemOp enOp, const char *pszWhat, uint32_t *pulRetArray,
+                       NpWhere stWhere = Np_Here())
 {
-    uint32_t ulReturn = Np_AccessCheck(ulSmemID, ulLength);
+    uint32_t ulReturn = Np_AccessCheck(ulSmemID, ulLength, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
     const NpSmemReq stReq = {ulLength, ulOffAddr};
     NpSmemRsp stRsp;
     ulReturn = Np_PlainSend(ulChipID, ulSmemID, &stReq, enOp, NP_RBA_CLASS_READ, nullptr, &stRsp);
-    ulReturn = Np_AccessResult(ulReturn, &stRsp, pszWhat);
+    ulReturn = Np_AccessResult(ulReturn, &stRsp, pszWhat, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -217,9 +221,9 @@ uint32_t Np_AccessRead(uint32_t ulChipID, uint32_t ulSmemID, uint32_t ulLength, 
 }
 
 uint32_t Np_AccessWrite(uint32_t ulChipID, uint32_t ulSmemID, uint32_t ulLength, uint32_t ulOffAddr,
-                        const uint8_t *pucData)
+                        const uint8_t *pucData, NpWhere stWhere = Np_Here())
 {
-    uint32_t ulReturn = Np_AccessCheck(ulSmemID, ulLength);
+    uint32_t ulReturn = Np_AccessCheck(ulSmemID, ulLength, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -230,7 +234,7 @@ uint32_t Np_AccessWrite(uint32_t ulChipID, uint32_t ulSmemID, uint32_t ulLength,
     NpSmemRsp stRsp;
     ulReturn = Np_PlainSend(ulChipID, ulSmemID, &stReq, NP_SMEM_OP_WRITE, NP_RBA_CLASS_WRITE,
                             aucBlock, &stRsp);
-    return Np_AccessResult(ulReturn, &stRsp, "write");
+    return Np_AccessResult(ulReturn, &stRsp, "write", stWhere);
 }
 
 }  // namespace
@@ -292,8 +296,7 @@ uint32_t Np_Tarn_SmemInit(uint32_t ulChipID)
 
 uint32_t Np_Tarn_SmemDestruct(uint32_t ulChipID)
 {
-    Os_Free(g_aulDdrAddr[ulChipID]);
-    g_aulDdrAddr[ulChipID] = nullptr;
+    Np_FreeAndForget(&g_aulDdrAddr[ulChipID]);
     return NP_OK;
 }
 

@@ -1,8 +1,8 @@
 #include "sdk/access/stack.h"
 
 #include "platform/os.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/trace.h"
 
 constinit NpStackDesc *g_pastNpStackDesc[NP_CHIP_NUM] = {};
 constinit const NpStackDesc *g_astNpStackInfo[NP_CHIP_NUM] = {};
@@ -18,10 +18,12 @@ constinit const uint32_t g_ulStackNum_TarnB = NP_STACK_NUM;
 
 namespace {
 
-uint32_t Np_StackFind(uint32_t ulChipID, uint8_t ucStackId, NpStackDesc **ppstStack)
+uint32_t Np_StackFind(uint32_t ulChipID, uint8_t ucStackId, NpStackDesc **ppstStack,
+                      NpWhere stWhere = Np_Here())
 {
     if (ucStackId >= NP_STACK_NUM) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "param error! ucStackId=0x%08x\r\n", ucStackId);
+        NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "param error! ucStackId=0x%08x\r\n",
+                    ucStackId);
         return NP_ERR_PARAM;
     }
     if (g_pastNpStackDesc[ulChipID] != nullptr) {
@@ -32,7 +34,7 @@ uint32_t Np_StackFind(uint32_t ulChipID, uint8_t ucStackId, NpStackDesc **ppstSt
             }
         }
     }
-    NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "stack has no init!\r\n");
+    NP_TRACE_AT(stWhere, NP_M_COMM, NP_PRINT_ERROR, "stack has no init!\r\n");
     return NP_ERR_STACK_NO_INIT;
 }
 
@@ -85,11 +87,11 @@ uint32_t Np_Tarn_Stack_Destruct(uint32_t ulChipID)
     if (pastStack == nullptr) {
         return NP_OK;
     }
+    g_pastNpStackDesc[ulChipID] = nullptr;
     for (uint32_t i = 0; i < g_aulStackNum[ulChipID]; i++) {
         Os_Free(pastStack[i].pusData);
     }
     Os_Free(pastStack);
-    g_pastNpStackDesc[ulChipID] = nullptr;
     return NP_OK;
 }
 

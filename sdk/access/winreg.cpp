@@ -2,7 +2,8 @@
 #include "sdk/access/bus.h"
 
 #include "platform/os.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 
 // One debug base in front of the rows; both are filled by hand only.
 constinit uintptr_t g_ulTarnSocNpTestAddress = 0;
@@ -58,8 +59,7 @@ uint32_t Np_WinRegInit(void)
 void Np_WinRegUnInit(void)
 {
     for (NpTestRegMem &stRow : g_stNpTestRegMem) {
-        Os_Free(stRow.pucBuffer);
-        stRow.pucBuffer = nullptr;
+        Np_FreeAndForget(&stRow.pucBuffer);
     }
 }
 

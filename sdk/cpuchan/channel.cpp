@@ -1,9 +1,9 @@
 // The auto-send channels.
 #include "platform/os.h"
 #include "sdk/cpuchan/message.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 
 constinit uint32_t *g_pulAutoChannelEn[NP_CHIP_NUM] = {};
 
@@ -11,22 +11,24 @@ namespace {
 
 inline constexpr uint32_t NP_CHANNEL_FLAGS_SIZE = NP_AUTO_CHANNEL_NUM * sizeof(uint32_t);
 
-uint32_t Np_ChannelChipCheck(uint32_t ulChipID)
+uint32_t Np_ChannelChipCheck(uint32_t ulChipID, NpWhere stWhere = Np_Here())
 {
     if (ulChipID >= NP_CHIP_NUM) {
-        NP_TRACE(NP_M_CPUTRMSG, NP_PRINT_ERROR, "param error! (ulChipID)=0x%08x\r\n", ulChipID);
+        NP_TRACE_AT(stWhere, NP_M_CPUTRMSG, NP_PRINT_ERROR, "param error! (ulChipID)=0x%08x\r\n",
+                    ulChipID);
         return NP_ERR_PARAM;
     }
     return NP_OK;
 }
 
-uint32_t Np_ChannelCheck(uint32_t ulChipID, uint32_t ulChannel)
+uint32_t Np_ChannelCheck(uint32_t ulChipID, uint32_t ulChannel, NpWhere stWhere = Np_Here())
 {
     if (ulChannel >= NP_AUTO_CHANNEL_NUM) {
-        NP_TRACE(NP_M_CPUTRMSG, NP_PRINT_ERROR, "param error! (ulChannel)=0x%08x\r\n", ulChannel);
+        NP_TRACE_AT(stWhere, NP_M_CPUTRMSG, NP_PRINT_ERROR, "param error! (ulChannel)=0x%08x\r\n",
+                    ulChannel);
         return NP_ERR_PARAM;
     }
-    return Np_ChannelChipCheck(ulChipID);
+    return Np_ChannelChipCheck(ulChipID, stWhere);
 }
 
 }  // namespace
@@ -69,8 +71,7 @@ uint32_t Np_Tarn_CputrMsg_Destruct(uint32_t ulChipID)
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    Os_Free(g_pulAutoChannelEn[ulChipID]);
-    g_pulAutoChannelEn[ulChipID] = nullptr;
+    Np_FreeAndForget(&g_pulAutoChannelEn[ulChipID]);
     return Qd_CPUTR_AutoSendEnableSet(ulChipID, 0);
 }
 

@@ -1,11 +1,11 @@
 #include "sdk/cpuchan/message.h"
 
 #include "sdk/access/regtable.h"
-#include "sdk/cpuchan/inband.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
+#include "sdk/record/describe.h"
 
 // message type, subtype, channel, body, first option
 constexpr NpCputrMsgDesc g_astNpCputrMsg[NP_MSG_NUM] = {
@@ -63,74 +63,121 @@ constexpr NpForceKind g_astForceKind[] = {
     {32, 0, 0x100, 0x154},  // a flow identifier, marked apart
 };
 
-// Header fields that every wide record has.
-#define NP_MSG_HEAD(Record)                                                                 \
-    NP_INBAND(Record, msgtype, 0, 29, 3), NP_INBAND(Record, subtype, 0, 24, 5),             \
-        NP_INBAND(Record, interval, 0, 0, 8), NP_INBAND(Record, startsessionid, 1, 16, 16), \
-        NP_INBAND(Record, endsessionid, 1, 0, 16)
+// A message's row is made of its wide record. Image: the two header words, then those of the body.
+inline constexpr uint16_t NP_MSG_HEAD_SIZE = 8;
 
-constexpr NpInbandField g_astTimedHead[] = {NP_MSG_HEAD(NpMsgTimedInfo)};
-constexpr NpInbandField g_astAntiDosHead[] = {NP_MSG_HEAD(NpMsgAntiDosInfo),
-                                              NP_INBAND(NpMsgAntiDosInfo, ack, 0, 23, 1)};
-constexpr NpInbandField g_astNormalAgeHead[] = {NP_MSG_HEAD(ArlAgeInfo),
-                                                NP_INBAND(ArlAgeInfo, ack, 0, 23, 1)};
-constexpr NpInbandField g_astForceAgeHead[] = {NP_MSG_HEAD(ArlAgeInfo),
-                                               NP_INBAND(ArlAgeInfo, ack, 0, 23, 1),
-                                               NP_INBAND(ArlAgeInfo, class_, 0, 8, 2)};
-constexpr NpInbandField g_astTimedBody[] = {NP_INBAND(NpMsgTimedInfo, period, 0, 24, 8)};
-constexpr NpInbandField g_astNormalAgeBody[] = {NP_INBAND(ArlAgeInfo, number, 1, 0, 16),
-                                                NP_INBAND(ArlAgeInfo, threshold, 2, 0, 32)};
-constexpr NpInbandField g_astForceAgeBody[] = {
-    NP_INBAND(ArlAgeInfo, mask, 0, 16, 16), NP_INBAND(ArlAgeInfo, flowid, 0, 0, 16),
-    NP_INBAND(ArlAgeInfo, vsi, 1, 28, 4), NP_INBAND(ArlAgeInfo, vlanid, 1, 16, 12),
-    NP_INBAND(ArlAgeInfo, number, 1, 0, 16)};
-static_assert(Np_InbandIsSound(g_astTimedHead, 2) && Np_InbandIsSound(g_astAntiDosHead, 2) &&
-              Np_InbandIsSound(g_astNormalAgeHead, 2) && Np_InbandIsSound(g_astForceAgeHead, 2) &&
-              Np_InbandIsSound(g_astTimedBody, 1) && Np_InbandIsSound(g_astNormalAgeBody, 3) &&
-              Np_InbandIsSound(g_astForceAgeBody, 2));
+// Header fields of the records that no command shows.
+#define NP_MSG_HEAD                                              \
+    NP_F(msgtype, .stAt = {0, 31, 29}, .bCut = true),            \
+        NP_F(subtype, .stAt = {0, 28, 24}, .bCut = true),        \
+        NP_F(interval, .stAt = {0, 7, 0}, .bCut = true),         \
+        NP_F(startsessionid, .stAt = {4, 31, 16}, .bCut = true), \
+        NP_F(endsessionid, .stAt = {4, 15, 0}, .bCut = true)
 
-constexpr NpInbandFormat NP_NO_FIELDS = {nullptr, 0};
+namespace timed {
+using R = NpMsgTimedInfo;
+constexpr NpField g_astField[] = {NP_MSG_HEAD, NP_F(period, .stAt = {8, 31, 24}, .bCut = true)};
+}  // namespace timed
 
-// A message while it is built: the driver's record and the body that it points to.
+namespace anti_dos {
+using R = NpMsgAntiDosInfo;
+constexpr NpField g_astField[] = {NP_MSG_HEAD, NP_F(ack, .stAt = {0, 23, 23}, .bCut = true)};
+}  // namespace anti_dos
+
+#undef NP_MSG_HEAD
+
+namespace age {
+using R = ArlAgeInfo;
+#define NP_HIDDEN(Member, ...) NP_F(Member, .stAt = {__VA_ARGS__}, .bCut = true, .bHidden = true)
+constexpr NpField g_astNormalField[] = {
+    NP_HIDDEN(msgtype, 0, 31, 29),
+    NP_HIDDEN(subtype, 0, 28, 24),
+    NP_F(ageclass, .bLost = true),
+    NP_F(basetime, .bLost = true),
+    NP_F(startsessionid, .stAt = {4, 31, 16}),
+    NP_F(endsessionid, .stAt = {4, 15, 0}),
+    NP_F(number, .stAt = {12, 15, 0}),
+    NP_F(threshold, .stAt = {16, 31, 0}),
+    NP_F(interval, .stAt = {0, 7, 0}),
+    NP_F(ack, .stAt = {0, 23, 23}),
+};
+constexpr NpCheck g_astNormalCheck[] = {
+    NP_C(ageclass, Np_Range(1, 14)),       NP_C(basetime, Np_Range(1, INT32_MAX)),
+    NP_C(startsessionid, Np_Most(0xffff)), NP_C(endsessionid, Np_Most(0xffff)),
+    NP_C(number, Np_Most(0xffff)),         NP_C(threshold, Np_Most(INT32_MAX)),
+    NP_C(interval, Np_Most(0xff)),         NP_C(ack, Np_Most(1)),
+};
+constexpr NpField g_astForceField[] = {
+    NP_HIDDEN(msgtype, 0, 31, 29),
+    NP_HIDDEN(subtype, 0, 28, 24),
+    NP_HIDDEN(class_, 0, 9, 8),
+    NP_HIDDEN(mask, 8, 31, 16),
+    NP_HIDDEN(flowid, 8, 15, 0),
+    NP_HIDDEN(vsi, 12, 31, 28),
+    NP_HIDDEN(vlanid, 12, 27, 16),
+    NP_F(startsessionid, .stAt = {4, 31, 16}),
+    NP_F(endsessionid, .stAt = {4, 15, 0}),
+    NP_F(number, .stAt = {12, 15, 0}),
+    NP_F(interval, .stAt = {0, 7, 0}),
+    NP_F(ack, .stAt = {0, 23, 23}),
+};
+constexpr NpCheck g_astForceCheck[] = {
+    NP_C(startsessionid, Np_Most(0xffff)),
+    NP_C(endsessionid, Np_Most(0xffff)),
+    NP_C(number, Np_Most(0xffff)),
+    NP_C(interval, Np_Most(0xff)),
+    NP_C(ack, Np_Most(1)),
+};
+#undef NP_HIDDEN
+}  // namespace age
+
+constexpr NpRow g_stTimedRow = Np_RowMake<NpMsgTimedInfo>(
+    {.ucModule = NP_M_CPUTRMSG, .usImageSize = NP_MSG_HEAD_SIZE + 4}, timed::g_astField, {});
+constexpr NpRow g_stAntiDosRow = Np_RowMake<NpMsgAntiDosInfo>(
+    {.ucModule = NP_M_CPUTRMSG, .usImageSize = NP_MSG_HEAD_SIZE}, anti_dos::g_astField, {});
+
+// A message while it is built: the driver's record and the image that its body is a part of.
 struct NpMsgFrame {
     QdCputrSendPkt stPkt;
-    uint32_t aulBody[NP_MSG_BODY_MAX / sizeof(uint32_t)];
+    uint32_t aulImage[(NP_MSG_HEAD_SIZE + NP_MSG_BODY_MAX) / sizeof(uint32_t)];
 };
 
-void Np_MsgBuild(NpMsgFrame *pstFrame, NpCputrMsg enMsg, const void *pvInfo,
-                 const NpInbandFormat &stHead, const NpInbandFormat &stBody)
+void Np_MsgBuild(NpMsgFrame *pstFrame, NpCputrMsg enMsg, const NpRow *pstRow, const void *pvInfo,
+                 NpWhere stWhere = Np_Here())
 {
     memset(pstFrame, 0, sizeof(*pstFrame));
-    Np_InbandPack(stHead, pvInfo, pstFrame->stPkt.aulHead);
-    Np_InbandPack(stBody, pvInfo, pstFrame->aulBody);
-    for (uint32_t &ulWord : pstFrame->aulBody) {
-        ulWord = __builtin_bswap32(ulWord);  // to network order
+    Np_Row_Fill(pstRow, 0, pvInfo, pstFrame->aulImage, stWhere);  // no field depends on the chip
+    pstFrame->stPkt.aulHead[0] = pstFrame->aulImage[0];
+    pstFrame->stPkt.aulHead[1] = pstFrame->aulImage[1];
+    uint32_t *pulBody = &pstFrame->aulImage[NP_MSG_HEAD_SIZE / sizeof(uint32_t)];
+    for (uint32_t i = 0; i < NP_MSG_BODY_MAX / sizeof(uint32_t); i++) {
+        pulBody[i] = __builtin_bswap32(pulBody[i]);  // to network order
     }
     pstFrame->stPkt.ulLen = g_astNpCputrMsg[enMsg].ucBodyLen;
-    pstFrame->stPkt.pucData = reinterpret_cast<const uint8_t *>(pstFrame->aulBody);
+    pstFrame->stPkt.pucData = reinterpret_cast<const uint8_t *>(pulBody);
 }
 
 // What every sender makes of its last step.
-uint32_t Np_MsgResult(uint32_t ulReturn, const char *pszFunc)
+uint32_t Np_MsgResult(uint32_t ulReturn, NpWhere stWhere = Np_Here())
 {
     if (ulReturn != NP_OK) {
-        NP_TRACE_AS(pszFunc, NP_M_CPUTRMSG, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n",
+        NP_TRACE_AT(stWhere, NP_M_CPUTRMSG, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n",
                     ulReturn);
     }
     return ulReturn;
 }
 
 uint32_t Np_MsgStart(uint32_t ulChipID, NpCputrMsg enMsg, uint32_t ulChannel, uint32_t ulTicks,
-                     const NpMsgFrame *pstFrame, const char *pszFunc)
+                     const NpMsgFrame *pstFrame, NpWhere stWhere = Np_Here())
 {
     const QdCputrAutoInfo stAutoInfo = {ulTicks - 1, g_astNpCputrMsg[enMsg].ucOption0, 0};
     return Np_MsgResult(
-        NP_tarn_CputrMsg_AutoSend(ulChipID, ulChannel, &stAutoInfo, &pstFrame->stPkt), pszFunc);
+        NP_tarn_CputrMsg_AutoSend(ulChipID, ulChannel, &stAutoInfo, &pstFrame->stPkt), stWhere);
 }
 
-uint32_t Np_MsgStop(uint32_t ulChipID, uint32_t ulChannel, const char *pszFunc)
+uint32_t Np_MsgStop(uint32_t ulChipID, uint32_t ulChannel, NpWhere stWhere = Np_Here())
 {
-    return Np_MsgResult(NP_tarn_CputrMsg_AutoSendInfoDel(ulChipID, ulChannel), pszFunc);
+    return Np_MsgResult(NP_tarn_CputrMsg_AutoSendInfoDel(ulChipID, ulChannel), stWhere);
 }
 
 // Type and channel of a message in a wide record.
@@ -143,10 +190,10 @@ void Np_MsgInfoStart(Info *pstInfo, NpCputrMsg enMsg, uint32_t ulIndex)
     pstInfo->subtype = g_astNpCputrMsg[enMsg].ucSubType;
 }
 
-uint32_t Np_MsgNull(const void *pvA, const void *pvB, const char *pszFunc)
+uint32_t Np_MsgNull(const void *pvA, const void *pvB, NpWhere stWhere = Np_Here())
 {
     if (pvA == nullptr || pvB == nullptr) {
-        NP_TRACE_AS(pszFunc, NP_M_CPUTRMSG, NP_PRINT_ERROR, "Para null ptr\r\n");
+        NP_TRACE_AT(stWhere, NP_M_CPUTRMSG, NP_PRINT_ERROR, "Para null ptr\r\n");
         return NP_ERR_NULL_PTR;
     }
     return NP_OK;
@@ -161,12 +208,12 @@ uint32_t Np_AgeLastSession(void)
 }
 
 // Puts the age class into the global row, where the microcode takes it from.
-uint32_t Np_AgeClassSet(uint32_t ulChipID, uint32_t ulAgeClass, const char *pszFunc)
+uint32_t Np_AgeClassSet(uint32_t ulChipID, uint32_t ulAgeClass, NpWhere stWhere = Np_Here())
 {
     uint32_t aulRow[NP_GLOBAL_WORDS] = {};
     uint32_t ulReturn = Np_RegTableRead(ulChipID, NP_GLOBAL_TABLE, 0, aulRow);
     if (ulReturn != NP_OK) {
-        NP_TRACE_AS(pszFunc, NP_M_CPUTRMSG, NP_PRINT_ERROR,
+        NP_TRACE_AT(stWhere, NP_M_CPUTRMSG, NP_PRINT_ERROR,
                     "Read error return:0x%08x  ID:0x%08x Offset:0x%08x\r\n", ulReturn,
                     NP_GLOBAL_TABLE, 0u);
         return ulReturn;
@@ -174,7 +221,7 @@ uint32_t Np_AgeClassSet(uint32_t ulChipID, uint32_t ulAgeClass, const char *pszF
     aulRow[0] = (aulRow[0] & ((1u << NP_AGE_CLASS_BIT) - 1)) | ulAgeClass << NP_AGE_CLASS_BIT;
     ulReturn = Np_RegTableWrite(ulChipID, NP_GLOBAL_TABLE, 0, aulRow);
     if (ulReturn != NP_OK) {
-        NP_TRACE_AS(pszFunc, NP_M_CPUTRMSG, NP_PRINT_ERROR,
+        NP_TRACE_AT(stWhere, NP_M_CPUTRMSG, NP_PRINT_ERROR,
                     "Write error return:0x%08x ID:0x%08x Offset:0x%08x\r\n", ulReturn,
                     NP_GLOBAL_TABLE, 0u);
     }
@@ -182,9 +229,9 @@ uint32_t Np_AgeClassSet(uint32_t ulChipID, uint32_t ulAgeClass, const char *pszF
 }
 
 uint32_t Np_OamInfoBuild(NpCputrMsg enMsg, uint32_t ulFirst, const NpOamTimedMsg *pstTimedMsg,
-                         NpMsgTimedInfo *pstInfo, const char *pszFunc)
+                         NpMsgTimedInfo *pstInfo, NpWhere stWhere = Np_Here())
 {
-    const uint32_t ulReturn = Np_MsgNull(pstTimedMsg, pstInfo, pszFunc);
+    const uint32_t ulReturn = Np_MsgNull(pstTimedMsg, pstInfo, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -198,40 +245,46 @@ uint32_t Np_OamInfoBuild(NpCputrMsg enMsg, uint32_t ulFirst, const NpOamTimedMsg
 
 // Starts a timed record's message with a period in ticks, or stops it.
 uint32_t Np_TimedInfoSet(uint32_t ulChipID, NpCputrMsg enMsg, const NpMsgTimedInfo *pstInfo,
-                         uint32_t ulTicks, const char *pszFunc)
+                         uint32_t ulTicks, NpWhere stWhere = Np_Here())
 {
     if (pstInfo->ulMsgEnable == 0) {
-        return Np_MsgStop(ulChipID, pstInfo->channelid, pszFunc);
+        return Np_MsgStop(ulChipID, pstInfo->channelid, stWhere);
     }
     NpMsgFrame stFrame;
-    Np_MsgBuild(&stFrame, enMsg, pstInfo, Np_InbandFormat(g_astTimedHead),
-                Np_InbandFormat(g_astTimedBody));
-    return Np_MsgStart(ulChipID, enMsg, pstInfo->channelid, ulTicks, &stFrame, pszFunc);
+    Np_MsgBuild(&stFrame, enMsg, &g_stTimedRow, pstInfo, stWhere);
+    return Np_MsgStart(ulChipID, enMsg, pstInfo->channelid, ulTicks, &stFrame, stWhere);
 }
 
 uint32_t Np_OamInfoSet(uint32_t ulChipID, NpCputrMsg enMsg, const NpMsgTimedInfo *pstInfo,
                        const uint32_t (&aulTicks)[NP_OAM_PERIOD_NUM], const char *pszRecord,
-                       const char *pszFunc)
+                       NpWhere stWhere = Np_Here())
 {
-    const uint32_t ulReturn = Np_MsgNull(pstInfo, pstInfo, pszFunc);
+    const uint32_t ulReturn = Np_MsgNull(pstInfo, pstInfo, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
     const uint32_t ulIndex = pstInfo->period - 1;  // 0 wraps, and is refused with the rest
     if (ulIndex >= NP_OAM_PERIOD_NUM) {
-        NP_TRACE_AS(pszFunc, NP_M_CPUTRMSG, NP_PRINT_ERROR, "param error! %s->ulPeriod=0x%08x\r\n",
+        NP_TRACE_AT(stWhere, NP_M_CPUTRMSG, NP_PRINT_ERROR, "param error! %s->ulPeriod=0x%08x\r\n",
                     pszRecord, pstInfo->period);
         return NP_ERR_PARAM;
     }
-    return Np_TimedInfoSet(ulChipID, enMsg, pstInfo, aulTicks[ulIndex], pszFunc);
+    return Np_TimedInfoSet(ulChipID, enMsg, pstInfo, aulTicks[ulIndex], stWhere);
 }
 
 }  // namespace
 
+constexpr NpRow g_stNpNormalAgeMsgRow = Np_RowMake<ArlAgeInfo>(
+    {.ucModule = NP_M_ARL, .pszArg = "pstArlAgeInfo", .usImageSize = NP_MSG_HEAD_SIZE + 12},
+    age::g_astNormalField, age::g_astNormalCheck);
+constexpr NpRow g_stNpForceAgeMsgRow = Np_RowMake<ArlAgeInfo>(
+    {.ucModule = NP_M_ARL, .pszArg = "pstArlAgeInfo", .usImageSize = NP_MSG_HEAD_SIZE + 8},
+    age::g_astForceField, age::g_astForceCheck);
+
 uint32_t Np_Tarn_CputrMsg_NormalAgeInfoBuild(uint32_t, const NpNormalAge *pstNormalAge,
                                              ArlAgeInfo *pstArlAgeInfo)
 {
-    const uint32_t ulReturn = Np_MsgNull(pstNormalAge, pstArlAgeInfo, __func__);
+    const uint32_t ulReturn = Np_MsgNull(pstNormalAge, pstArlAgeInfo);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -248,28 +301,27 @@ uint32_t Np_Tarn_CputrMsg_NormalAgeInfoBuild(uint32_t, const NpNormalAge *pstNor
 
 uint32_t Np_Tarn_CputrMsg_NormalAgeInfoSet(uint32_t ulChipID, const ArlAgeInfo *pstArlAgeInfo)
 {
-    uint32_t ulReturn = Np_MsgNull(pstArlAgeInfo, pstArlAgeInfo, __func__);
+    uint32_t ulReturn = Np_MsgNull(pstArlAgeInfo, pstArlAgeInfo);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
     if (pstArlAgeInfo->agen == 0) {
-        return Np_MsgStop(ulChipID, pstArlAgeInfo->channelid, __func__);
+        return Np_MsgStop(ulChipID, pstArlAgeInfo->channelid);
     }
-    ulReturn = Np_AgeClassSet(ulChipID, pstArlAgeInfo->ageclass, __func__);
+    ulReturn = Np_AgeClassSet(ulChipID, pstArlAgeInfo->ageclass);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
     NpMsgFrame stFrame;
-    Np_MsgBuild(&stFrame, NP_MSG_NORMAL_AGE, pstArlAgeInfo, Np_InbandFormat(g_astNormalAgeHead),
-                Np_InbandFormat(g_astNormalAgeBody));
+    Np_MsgBuild(&stFrame, NP_MSG_NORMAL_AGE, &g_stNpNormalAgeMsgRow, pstArlAgeInfo);
     return Np_MsgStart(ulChipID, NP_MSG_NORMAL_AGE, pstArlAgeInfo->channelid,
-                       pstArlAgeInfo->basetime, &stFrame, __func__);
+                       pstArlAgeInfo->basetime, &stFrame);
 }
 
 uint32_t Np_Tarn_CputrMsg_ForceAgeInfoBuild(uint32_t, const NpForceAge *pstForceAge,
                                             ArlAgeInfo *pstArlAgeInfo)
 {
-    const uint32_t ulReturn = Np_MsgNull(pstForceAge, pstArlAgeInfo, __func__);
+    const uint32_t ulReturn = Np_MsgNull(pstForceAge, pstArlAgeInfo);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -294,19 +346,18 @@ uint32_t Np_Tarn_CputrMsg_ForceAgeInfoBuild(uint32_t, const NpForceAge *pstForce
 
 uint32_t Np_Tarn_CputrMsg_ForceAgeInfoSet(uint32_t ulChipID, const ArlAgeInfo *pstArlAgeInfo)
 {
-    const uint32_t ulReturn = Np_MsgNull(pstArlAgeInfo, pstArlAgeInfo, __func__);
+    const uint32_t ulReturn = Np_MsgNull(pstArlAgeInfo, pstArlAgeInfo);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
     NpMsgFrame stFrame;
-    Np_MsgBuild(&stFrame, NP_MSG_FORCE_AGE, pstArlAgeInfo, Np_InbandFormat(g_astForceAgeHead),
-                Np_InbandFormat(g_astForceAgeBody));
-    return Np_MsgResult(Qd_CPUTR_PacketSend(ulChipID, &stFrame.stPkt), __func__);
+    Np_MsgBuild(&stFrame, NP_MSG_FORCE_AGE, &g_stNpForceAgeMsgRow, pstArlAgeInfo);
+    return Np_MsgResult(Qd_CPUTR_PacketSend(ulChipID, &stFrame.stPkt));
 }
 
 uint32_t Np_Tarn_CputrMsg_DynamicArlLrnInfoSet(uint32_t ulChipID, uint8_t *pucItem)
 {
-    const uint32_t ulReturn = Np_MsgNull(pucItem, pucItem, __func__);
+    const uint32_t ulReturn = Np_MsgNull(pucItem, pucItem);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -318,9 +369,10 @@ uint32_t Np_Tarn_CputrMsg_DynamicArlLrnInfoSet(uint32_t ulChipID, uint8_t *pucIt
     }
     NpMsgTimedInfo stInfo;
     Np_MsgInfoStart(&stInfo, NP_MSG_DYNAMIC_LRN, 0);
-    QdCputrSendPkt stPkt = {{0, 0}, stMsg.ucBodyLen, pucItem};
-    Np_InbandPack(Np_InbandFormat(g_astTimedHead), &stInfo, stPkt.aulHead);
-    return Np_MsgResult(Qd_CPUTR_PacketSend(ulChipID, &stPkt), __func__);
+    NpMsgFrame stFrame;
+    Np_MsgBuild(&stFrame, NP_MSG_DYNAMIC_LRN, &g_stTimedRow, &stInfo);
+    stFrame.stPkt.pucData = pucItem;
+    return Np_MsgResult(Qd_CPUTR_PacketSend(ulChipID, &stFrame.stPkt));
 }
 
 uint32_t Np_Tarn_CputrMsg_AntiDosRefresh(uint32_t ulChipID, uint32_t ulAntiDosTime)
@@ -339,18 +391,16 @@ uint32_t Np_Tarn_CputrMsg_AntiDosRefresh(uint32_t ulChipID, uint32_t ulAntiDosTi
 
 uint32_t Np_Tarn_CputrMsg_AntiDosInfoSet(uint32_t ulChipID, const NpMsgAntiDosInfo *pstInfo)
 {
-    const uint32_t ulReturn = Np_MsgNull(pstInfo, pstInfo, __func__);
+    const uint32_t ulReturn = Np_MsgNull(pstInfo, pstInfo);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
     if (pstInfo->period == 0) {
-        return Np_MsgStop(ulChipID, pstInfo->channelid, __func__);
+        return Np_MsgStop(ulChipID, pstInfo->channelid);
     }
     NpMsgFrame stFrame;
-    Np_MsgBuild(&stFrame, NP_MSG_ANTI_DOS, pstInfo, Np_InbandFormat(g_astAntiDosHead),
-                NP_NO_FIELDS);
-    return Np_MsgStart(ulChipID, NP_MSG_ANTI_DOS, pstInfo->channelid, pstInfo->period, &stFrame,
-                       __func__);
+    Np_MsgBuild(&stFrame, NP_MSG_ANTI_DOS, &g_stAntiDosRow, pstInfo);
+    return Np_MsgStart(ulChipID, NP_MSG_ANTI_DOS, pstInfo->channelid, pstInfo->period, &stFrame);
 }
 
 uint32_t Np_Tarn_CputrMsg_OamTxTimedMsgInfoBuild(uint32_t, const NpOamTimedMsg *pstOamTxTimedMsg,
@@ -358,32 +408,30 @@ uint32_t Np_Tarn_CputrMsg_OamTxTimedMsgInfoBuild(uint32_t, const NpOamTimedMsg *
 {
     // The walk begins at the period's row of the list heads.
     const uint32_t ulFirst = pstOamTxTimedMsg == nullptr ? 0 : pstOamTxTimedMsg->ulPeriod - 1;
-    return Np_OamInfoBuild(NP_MSG_OAM_TX, ulFirst, pstOamTxTimedMsg, pstInfo, __func__);
+    return Np_OamInfoBuild(NP_MSG_OAM_TX, ulFirst, pstOamTxTimedMsg, pstInfo);
 }
 
 uint32_t Np_Tarn_CputrMsg_OamTxTimedMsgInfoSet(uint32_t ulChipID, const NpMsgTimedInfo *pstInfo)
 {
-    return Np_OamInfoSet(ulChipID, NP_MSG_OAM_TX, pstInfo, g_aulOamTxTicks, "pstOamTxTimedMsg",
-                         __func__);
+    return Np_OamInfoSet(ulChipID, NP_MSG_OAM_TX, pstInfo, g_aulOamTxTicks, "pstOamTxTimedMsg");
 }
 
 uint32_t Np_Tarn_CputrMsg_OamAgeTimedMsgInfoBuild(uint32_t, const NpOamTimedMsg *pstOamAgeTimedMsg,
                                                   NpMsgTimedInfo *pstInfo)
 {
-    return Np_OamInfoBuild(NP_MSG_OAM_AGE, 0, pstOamAgeTimedMsg, pstInfo, __func__);
+    return Np_OamInfoBuild(NP_MSG_OAM_AGE, 0, pstOamAgeTimedMsg, pstInfo);
 }
 
 uint32_t Np_Tarn_CputrMsg_OamAgeTimedMsgInfoSet(uint32_t ulChipID, const NpMsgTimedInfo *pstInfo)
 {
-    return Np_OamInfoSet(ulChipID, NP_MSG_OAM_AGE, pstInfo, g_aulOamAgeTicks, "pstOamAgeTimedMsg",
-                         __func__);
+    return Np_OamInfoSet(ulChipID, NP_MSG_OAM_AGE, pstInfo, g_aulOamAgeTicks, "pstOamAgeTimedMsg");
 }
 
 uint32_t Np_Tarn_CputrMsg_IpqamTxTimedMsgInfoBuild(uint32_t,
                                                    const NpIpQamTimedMsg *pstIpQamTimedMsg,
                                                    NpMsgTimedInfo *pstInfo)
 {
-    const uint32_t ulReturn = Np_MsgNull(pstIpQamTimedMsg, pstInfo, __func__);
+    const uint32_t ulReturn = Np_MsgNull(pstIpQamTimedMsg, pstInfo);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -397,11 +445,11 @@ uint32_t Np_Tarn_CputrMsg_IpqamTxTimedMsgInfoBuild(uint32_t,
 
 uint32_t Np_Tarn_CputrMsg_IpqamTxTimedMsgInfoSet(uint32_t ulChipID, const NpMsgTimedInfo *pstInfo)
 {
-    const uint32_t ulReturn = Np_MsgNull(pstInfo, pstInfo, __func__);
+    const uint32_t ulReturn = Np_MsgNull(pstInfo, pstInfo);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    return Np_TimedInfoSet(ulChipID, NP_MSG_IPQAM_TX, pstInfo, pstInfo->period, __func__);
+    return Np_TimedInfoSet(ulChipID, NP_MSG_IPQAM_TX, pstInfo, pstInfo->period);
 }
 
 uint32_t Np_Tarn_CarRefresh_Msg(uint32_t ulChipID, uint32_t ulEnable, uint32_t ulPeriod)
@@ -413,13 +461,12 @@ uint32_t Np_Tarn_CarRefresh_Msg(uint32_t ulChipID, uint32_t ulEnable, uint32_t u
     NpMsgTimedInfo stInfo;
     Np_MsgInfoStart(&stInfo, NP_MSG_CAR_REFRESH, 0);
     if (ulEnable == 0 || ulPeriod == 0) {
-        return Np_MsgStop(ulChipID, stInfo.channelid, __func__);
+        return Np_MsgStop(ulChipID, stInfo.channelid);
     }
     NpMsgFrame stFrame;
-    Np_MsgBuild(&stFrame, NP_MSG_CAR_REFRESH, &stInfo, Np_InbandFormat(g_astTimedHead),
-                NP_NO_FIELDS);
+    Np_MsgBuild(&stFrame, NP_MSG_CAR_REFRESH, &g_stTimedRow, &stInfo);
     return Np_MsgStart(ulChipID, NP_MSG_CAR_REFRESH, stInfo.channelid, ulPeriod * NP_TICKS_PER_MS,
-                       &stFrame, __func__);
+                       &stFrame);
 }
 
 uint32_t Np_Tarn_CputrMsg_1588PtpPktMsgInfoSet(uint32_t ulChipID, uint32_t ulEnable)
@@ -427,12 +474,12 @@ uint32_t Np_Tarn_CputrMsg_1588PtpPktMsgInfoSet(uint32_t ulChipID, uint32_t ulEna
     NpMsgTimedInfo stInfo;
     Np_MsgInfoStart(&stInfo, NP_MSG_PTP, 0);
     NpMsgFrame stFrame;
-    Np_MsgBuild(&stFrame, NP_MSG_PTP, &stInfo, Np_InbandFormat(g_astTimedHead), NP_NO_FIELDS);
+    Np_MsgBuild(&stFrame, NP_MSG_PTP, &g_stTimedRow, &stInfo);
     for (uint32_t i = 0; i < NP_PTP_CHANNEL_NUM; i++) {
         const uint32_t ulChannel = stInfo.channelid + i;
-        const uint32_t ulReturn = ulEnable == 0 ? Np_MsgStop(ulChipID, ulChannel, __func__)
+        const uint32_t ulReturn = ulEnable == 0 ? Np_MsgStop(ulChipID, ulChannel)
                                                 : Np_MsgStart(ulChipID, NP_MSG_PTP, ulChannel,
-                                                              g_aulPtpTicks[i], &stFrame, __func__);
+                                                              g_aulPtpTicks[i], &stFrame);
         if (ulReturn != NP_OK) {
             return ulReturn;
         }

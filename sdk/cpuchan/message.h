@@ -7,6 +7,7 @@
 #include "ldsdk/ipqam.h"
 #include "ldsdk/oam.h"
 #include "platform/driver.h"
+#include "sdk/record/record.h"
 
 #include <cstdint>
 
@@ -83,6 +84,11 @@ struct NpMsgAntiDosInfo {
     uint32_t interval;
     uint32_t ack;
 };
+
+// The age messages, of their records. Fields that a command may set by hand have a check, whose
+// messages are the MAC family's; all others are hidden.
+extern const NpRow g_stNpNormalAgeMsgRow;
+extern const NpRow g_stNpForceAgeMsgRow;
 
 extern "C" {
 

@@ -5,6 +5,7 @@
 
 #include "ldsdk/cputr.h"
 #include "platform/driver.h"
+#include "sdk/record/record.h"
 
 #include <cstdint>
 
@@ -50,21 +51,78 @@ uint32_t Np_Tarn_Cputr_PktToInfoForReceive(uint32_t ulChipID, const uint32_t *pP
 uint32_t Np_Tarn_CPUTR_InfoForRx_Build(uint32_t ulChipID, const uint32_t *pPacket,
                                        ReceiveInfo *pstCputrForReceive);
 
-// The four steps of each insert type. Build adds the type's fields to pulHead, two words that hold
-// no more than message type, subtype and payload offset; it can fail for queue, fwd and ift.
-#define NP_INSERT_DOORS(Name)                                                                    \
-    void Np_Tarn_CPUTR_InfoTo##Name##_ParaTrace(uint32_t ulChipID, const NpInsertTo##Name *pst); \
-    uint32_t Np_Tarn_CPUTR_InfoTo##Name##_ParaCheck(uint32_t ulChipID,                           \
-                                                    const NpInsertTo##Name *pst);                \
-    uint32_t Np_Tarn_CPUTR_PktTo##Name##_Build(uint32_t ulChipID, const NpInsertTo##Name *pst,   \
-                                               uint32_t *pulHead);                               \
-    void Np_Tarn_CPUTR_PktTo##Name##_ParaTrace(uint32_t ulChipID, const uint32_t *pulHead);
-NP_INSERT_DOORS(Queue)
-NP_INSERT_DOORS(Fwd)
-NP_INSERT_DOORS(Ift)
-NP_INSERT_DOORS(Oft)
-NP_INSERT_DOORS(Cm)
-NP_INSERT_DOORS(L2Encap)
-#undef NP_INSERT_DOORS
-
 }  // extern "C"
+
+// ---- rows --------------------------------------------------------------------------------------
+
+extern const NpRow g_stNpSendTypeArgs;  // the insert type
+// A packet of each insert type, its image the two header words.
+extern const NpRow g_stNpSendQueueRow;
+extern const NpRow g_stNpSendFwdRow;
+extern const NpRow g_stNpSendIftRow;
+extern const NpRow g_stNpSendOftRow;
+extern const NpRow g_stNpSendCmRow;
+extern const NpRow g_stNpSendL2EncapRow;
+extern const NpRow *const g_apstNpSendRow[NP_INSERT_NUM];  // by insert type, null for none
+// A received packet by subtype, its image the header words and the extension words. The last row,
+// that of all further subtypes, has no more than the subtype and the length.
+extern const NpRow g_astNpReceiveRow[NP_RECEIVE_NUM + 1];
+inline const NpRow *Np_ReceiveRow(uint32_t ulSubType)
+{
+    return &g_astNpReceiveRow[ulSubType < NP_RECEIVE_NUM ? ulSubType : NP_RECEIVE_NUM];
+}
+
+// The four steps of an insert type: constants that are called as functions are. The union's member
+// is taken for that of the step's type. Check gives NP_ERR_PARAM or a port's code; Build puts the
+// type's fields into pulHead, two words that hold no more than message type, subtype and payload
+// offset, and fails for a frame info type that there isn't, or with a port's code.
+struct NpSendStep {
+    const char *pszName;
+    const NpRow *pstRow;
+};
+struct NpSendTrace : NpSendStep {
+    void operator()(uint32_t ulChipID, const InfoForSend *pstInfoForSend) const;
+};
+struct NpSendCheck : NpSendStep {
+    uint32_t operator()(uint32_t ulChipID, const InfoForSend *pstInfoForSend) const;
+};
+struct NpSendBuild : NpSendStep {
+    uint32_t operator()(uint32_t ulChipID, const InfoForSend *pstInfoForSend,
+                        uint32_t *pulHead) const;
+};
+struct NpHeadTrace : NpSendStep {
+    void operator()(uint32_t ulChipID, const uint32_t *pulHead) const;
+};
+
+#define NP_SEND_STEP(Step, Name, stRow) \
+    inline constexpr Step Name          \
+    {                                   \
+        {                               \
+#Name, &(stRow)             \
+        }                               \
+    }
+NP_SEND_STEP(NpSendTrace, Np_Tarn_CPUTR_InfoToQueue_ParaTrace, g_stNpSendQueueRow);
+NP_SEND_STEP(NpSendCheck, Np_Tarn_CPUTR_InfoToQueue_ParaCheck, g_stNpSendQueueRow);
+NP_SEND_STEP(NpSendBuild, Np_Tarn_CPUTR_PktToQueue_Build, g_stNpSendQueueRow);
+NP_SEND_STEP(NpHeadTrace, Np_Tarn_CPUTR_PktToQueue_ParaTrace, g_stNpSendQueueRow);
+NP_SEND_STEP(NpSendTrace, Np_Tarn_CPUTR_InfoToFwd_ParaTrace, g_stNpSendFwdRow);
+NP_SEND_STEP(NpSendCheck, Np_Tarn_CPUTR_InfoToFwd_ParaCheck, g_stNpSendFwdRow);
+NP_SEND_STEP(NpSendBuild, Np_Tarn_CPUTR_PktToFwd_Build, g_stNpSendFwdRow);
+NP_SEND_STEP(NpHeadTrace, Np_Tarn_CPUTR_PktToFwd_ParaTrace, g_stNpSendFwdRow);
+NP_SEND_STEP(NpSendTrace, Np_Tarn_CPUTR_InfoToIft_ParaTrace, g_stNpSendIftRow);
+NP_SEND_STEP(NpSendCheck, Np_Tarn_CPUTR_InfoToIft_ParaCheck, g_stNpSendIftRow);
+NP_SEND_STEP(NpSendBuild, Np_Tarn_CPUTR_PktToIft_Build, g_stNpSendIftRow);
+NP_SEND_STEP(NpHeadTrace, Np_Tarn_CPUTR_PktToIft_ParaTrace, g_stNpSendIftRow);
+NP_SEND_STEP(NpSendTrace, Np_Tarn_CPUTR_InfoToOft_ParaTrace, g_stNpSendOftRow);
+NP_SEND_STEP(NpSendCheck, Np_Tarn_CPUTR_InfoToOft_ParaCheck, g_stNpSendOftRow);
+NP_SEND_STEP(NpSendBuild, Np_Tarn_CPUTR_PktToOft_Build, g_stNpSendOftRow);
+NP_SEND_STEP(NpHeadTrace, Np_Tarn_CPUTR_PktToOft_ParaTrace, g_stNpSendOftRow);
+NP_SEND_STEP(NpSendTrace, Np_Tarn_CPUTR_InfoToCm_ParaTrace, g_stNpSendCmRow);
+NP_SEND_STEP(NpSendCheck, Np_Tarn_CPUTR_InfoToCm_ParaCheck, g_stNpSendCmRow);
+NP_SEND_STEP(NpSendBuild, Np_Tarn_CPUTR_PktToCm_Build, g_stNpSendCmRow);
+NP_SEND_STEP(NpHeadTrace, Np_Tarn_CPUTR_PktToCm_ParaTrace, g_stNpSendCmRow);
+NP_SEND_STEP(NpSendTrace, Np_Tarn_CPUTR_InfoToL2Encap_ParaTrace, g_stNpSendL2EncapRow);
+NP_SEND_STEP(NpSendCheck, Np_Tarn_CPUTR_InfoToL2Encap_ParaCheck, g_stNpSendL2EncapRow);
+NP_SEND_STEP(NpSendBuild, Np_Tarn_CPUTR_PktToL2Encap_Build, g_stNpSendL2EncapRow);
+NP_SEND_STEP(NpHeadTrace, Np_Tarn_CPUTR_PktToL2Encap_ParaTrace, g_stNpSendL2EncapRow);
+#undef NP_SEND_STEP

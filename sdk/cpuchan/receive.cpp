@@ -1,28 +1,73 @@
 // Packets from the microcode.
 #include "platform/os.h"
-#include "sdk/cpuchan/formats.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/cpuchan/packet.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
+#include "sdk/record/describe.h"
 
 namespace {
 
 inline constexpr uint32_t NP_MSG_TYPE_TO_CPU = 3;
-inline constexpr uint32_t NP_PORT_MASK = 0x3ff;  // a phy id has 10 bits
-inline constexpr uint32_t NP_MP_PORT_BIT = 22;   // of E1
+inline constexpr uint32_t NP_SUBTYPE_BIT = 24;
+inline constexpr uint32_t NP_SUBTYPE_MASK = 0x1f;
+inline constexpr uint32_t NP_EXT_AT = 2;  // word of the image with E0
 inline constexpr uint32_t NP_DUMP_SIZE = 64;
 inline constexpr uint32_t NP_DUMP_LINE = 16;
 
-uint32_t Np_ReceivePort(uint32_t ulChipID, uint32_t ulPhyID, NpPortID *pstPortID)
+namespace receive {
+using R = ReceiveInfo;
+// Image: the word with the message type, the one with the header length, E0 to E4.
+constexpr auto g_astTypeWords = Np_Words("normal", "fm", "lm", "dm");
+constexpr NpField g_astType[] = {
+    NP_F(ulSubType, .stAt = {0, 28, 24}, .stWords = g_astTypeWords, .bCut = true),
+};
+constexpr NpField g_astHead[] = {
+    NP_F(ulEncap, .stAt = {4, 31, 28}, .bCut = true),
+    NP_F(ulFlowID, .stAt = {4, 11, 0}, .bCut = true),
+    NP_F(ulPtype, .stAt = {0, 23, 13}, .bCut = true),
+    NP_F(stSportID, .stAt = {0, 9, 0}, .pstCoding = &g_stNpPortCoding),
+    NP_F(ulTagInfo, .stAt = {0, 11, 10}, .bCut = true),
+    NP_F(ulVlanID, .stAt = {4, 27, 16}, .bCut = true),
+};
+constexpr NpField g_astNormal[] = {
+    NP_F(unRecInfo.stRecNormal.ulExtInfo, .stAt = {8, 27, 16}, .bCut = true),
+};
+constexpr NpField g_astFm[] = {
+    NP_F(unRecInfo.stRecOamPduFm.ulMegIndex, .stAt = {8, 31, 24}, .bCut = true),
+    NP_F(unRecInfo.stRecOamPduFm.ulMepIndex, .stAt = {8, 23, 16}, .bCut = true),
+    NP_F(unRecInfo.stRecOamPduFm.ulDriection, .stAt = {8, 15, 15}, .bCut = true),
+    NP_F(unRecInfo.stRecOamPduFm.ulLevel, .stAt = {8, 14, 12}, .bCut = true),
+    NP_F(unRecInfo.stRecOamPduFm.ulOamSessionID, .stAt = {8, 11, 0}, .bCut = true),
+    NP_F(unRecInfo.stRecOamPduFm.stMpCapPort, .stAt = {12, 31, 22}, .pstCoding = &g_stNpPortCoding),
+};
+// The microcode sends the counters in another order than the record has them.
+constexpr NpField g_astLm[] = {
+    NP_F(unRecInfo.stRecOamPduLm.ulLmIndex, .stAt = {8, 31, 24}, .bCut = true),
+    NP_F(unRecInfo.stRecOamPduLm.ulFramNearTx, .stAt = {12, 31, 0}),
+    NP_F(unRecInfo.stRecOamPduLm.ulFramFarRx, .stAt = {16, 31, 0}),
+    NP_F(unRecInfo.stRecOamPduLm.ulFramFarTx, .stAt = {20, 31, 0}),
+    NP_F(unRecInfo.stRecOamPduLm.ulFramNearRx, .stAt = {24, 31, 0}),
+};
+constexpr NpField g_astDm[] = {
+    NP_F(unRecInfo.stRecOamPduDm.ulDmIndex, .stAt = {8, 31, 24}, .bCut = true),
+    NP_F(unRecInfo.stRecOamPduDm.ulTimeStampOffset, .stAt = {8, 23, 16}, .bCut = true),
+    NP_F(unRecInfo.stRecOamPduDm.ulRxTimeb_Sec, .stAt = {12, 31, 0}),
+    NP_F(unRecInfo.stRecOamPduDm.ulRxTimeb_nSec, .stAt = {16, 31, 0}),
+};
+constexpr NpField g_astLength[] = {NP_F(ulPktLen, .bLost = true)};
+
+template <const auto &...astMore>
+constexpr auto g_astField = Np_JoinFields(g_astType, astMore..., g_astLength);
+
+constexpr NpRow Np_Row(std::span<const NpField> stFields)
 {
-    const uint32_t ulReturn = Np_IngressPhyID2PortID(ulChipID, ulPhyID & NP_PORT_MASK, pstPortID);
-    if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_CPUTR, NP_PRINT_ERROR,
-                 "ingress phyid to portid calculate failed! ulReturn=0x%08x\r\n", ulReturn);
-    }
-    return ulReturn;
+    return Np_RowMake<R>(
+        {.ucModule = NP_M_CPUTR, .usImageSize = NP_CPUTR_IMAGE_NUM * sizeof(uint32_t)}, stFields,
+        {});
 }
+}  // namespace receive
 
 // The first bytes of the caller's buffer, whatever the switches say: the packet is lost.
 void Np_ReceiveDump(const ReceiveInfo *pstReceiveInfo)
@@ -42,9 +87,9 @@ void Np_ReceiveDump(const ReceiveInfo *pstReceiveInfo)
 }
 
 uint32_t Np_ReceiveLengthError(const QdCputrRecvPkt *pstPkt, const ReceiveInfo *pstReceiveInfo,
-                               uint32_t ulNpLen)
+                               uint32_t ulNpLen, NpWhere stWhere = Np_Here())
 {
-    NP_TRACE_AS("Np_Tarn_Cputr_PktReceive", NP_M_CPUTR, NP_PRINT_ERROR,
+    NP_TRACE_AT(stWhere, NP_M_CPUTR, NP_PRINT_ERROR,
                 "Length ERROR!!  ulNpLen=0x%08x pstReceiveInfo->ulPktLen=0x%08x \r\n", ulNpLen,
                 pstReceiveInfo->ulPktLen);
     char acLine[64];
@@ -57,25 +102,19 @@ uint32_t Np_ReceiveLengthError(const QdCputrRecvPkt *pstPkt, const ReceiveInfo *
 
 }  // namespace
 
+constexpr NpRow g_astNpReceiveRow[NP_RECEIVE_NUM + 1] = {
+    receive::Np_Row(receive::g_astField<receive::g_astHead, receive::g_astNormal>),
+    receive::Np_Row(receive::g_astField<receive::g_astHead, receive::g_astFm>),
+    receive::Np_Row(receive::g_astField<receive::g_astHead, receive::g_astLm>),
+    receive::Np_Row(receive::g_astField<receive::g_astHead, receive::g_astDm>),
+    receive::Np_Row(receive::g_astField<>),
+};
+
 uint32_t Np_Tarn_CPUTR_InfoForRx_Build(uint32_t ulChipID, const uint32_t *pPacket,
                                        ReceiveInfo *pstCputrForReceive)
 {
-    pstCputrForReceive->ulSubType = pPacket[0] >> 24 & 0x1f;
-    if (pstCputrForReceive->ulSubType >= NP_RECEIVE_NUM) {
-        return NP_OK;
-    }
-    Np_InbandParse(Np_InbandFormat(g_astReceiveFront), pPacket, pstCputrForReceive);
-    uint32_t ulReturn = Np_ReceivePort(ulChipID, pPacket[0], &pstCputrForReceive->stSportID);
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    Np_InbandParse(Np_InbandFormat(g_astReceiveBack), pPacket, pstCputrForReceive);
-    Np_InbandParse(g_astReceiveFormat[pstCputrForReceive->ulSubType], pPacket, pstCputrForReceive);
-    if (pstCputrForReceive->ulSubType == NP_RECEIVE_FM) {
-        ulReturn = Np_ReceivePort(ulChipID, pPacket[NP_E1] >> NP_MP_PORT_BIT,
-                                  &pstCputrForReceive->unRecInfo.stRecOamPduFm.stMpCapPort);
-    }
-    return ulReturn;
+    return Np_Row_Parse(Np_ReceiveRow(pPacket[0] >> NP_SUBTYPE_BIT & NP_SUBTYPE_MASK), ulChipID,
+                        pPacket, pstCputrForReceive);
 }
 
 uint32_t Np_Tarn_Cputr_PktToInfoForReceive(uint32_t ulChipID, const uint32_t *pPacket,
@@ -118,11 +157,11 @@ uint32_t Np_Tarn_Cputr_PktReceive(uint32_t ulChipID, ReceiveInfo *pstReceiveInfo
             stPkt.ulPktLen > pstReceiveInfo->ulBufLen || stPkt.ulPktLen < ulNpLen) {
             return Np_ReceiveLengthError(&stPkt, pstReceiveInfo, ulNpLen);
         }
-        memcpy(&aulImage[NP_E0], pucData, ulNpLen);
+        memcpy(&aulImage[NP_EXT_AT], pucData, ulNpLen);
         pstReceiveInfo->ulPktLen -= ulNpLen;
         memmove(pucData, pucData + ulNpLen, pstReceiveInfo->ulPktLen);
         pucData[pstReceiveInfo->ulPktLen] = 0;
-        for (uint32_t i = NP_E0; i < NP_CPUTR_IMAGE_NUM; i++) {
+        for (uint32_t i = NP_EXT_AT; i < NP_CPUTR_IMAGE_NUM; i++) {
             aulImage[i] = __builtin_bswap32(aulImage[i]);  // from network order
         }
     }

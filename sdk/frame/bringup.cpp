@@ -6,8 +6,9 @@
 #include "sdk/access/bus.h"
 #include "sdk/access/smem.h"
 #include "sdk/access/stack.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/frame/registry.h"
-#include "sdk/frame/trace.h"
 
 constinit uint8_t g_aucNpInitFlag[NP_CHIP_NUM] = {};
 constinit uint32_t *g_pastNpDfxMirrorInfo[NP_CHIP_NUM] = {};
@@ -84,7 +85,8 @@ inline constexpr uint32_t NP_PRI_TYPE_NUM = 5;  // the last one has nobody
 inline constexpr uint32_t NP_CAR_REFRESH_PERIOD = 1000;
 
 // Runs the steps of a group that are there, up to the first failure, which is traced.
-uint32_t Np_StepsRun(uint32_t ulChipID, NpStepGroup enGroup, const NpPriBlock *pstPriBlock)
+uint32_t Np_StepsRun(uint32_t ulChipID, NpStepGroup enGroup, const NpPriBlock *pstPriBlock,
+                     NpWhere stWhere = Np_Here())
 {
     for (const NpStep &stStep : g_astNpStep) {
         if (stStep.enGroup != enGroup) {
@@ -98,8 +100,9 @@ uint32_t Np_StepsRun(uint32_t ulChipID, NpStepGroup enGroup, const NpPriBlock *p
             ulReturn = stStep.pfnPriStep(ulChipID, pstPriBlock);
         }
         if (ulReturn != NP_OK) {
-            NP_TRACE(NP_M_INIT, NP_PRINT_ERROR, "%s failed, chipid=0x%08x, ulReturn=0x%08x\r\n",
-                     stStep.pszName, ulChipID, ulReturn);
+            NP_TRACE_AT(stWhere, NP_M_INIT, NP_PRINT_ERROR,
+                        "%s failed, chipid=0x%08x, ulReturn=0x%08x\r\n", stStep.pszName, ulChipID,
+                        ulReturn);
             return ulReturn;
         }
     }
@@ -107,9 +110,10 @@ uint32_t Np_StepsRun(uint32_t ulChipID, NpStepGroup enGroup, const NpPriBlock *p
 }
 
 // A module's failure: everything goes down again, and the caller learns no more than that.
-uint32_t Np_StepsOrRollback(uint32_t ulChipID, NpStepGroup enGroup, const NpPriBlock *pstPriBlock)
+uint32_t Np_StepsOrRollback(uint32_t ulChipID, NpStepGroup enGroup, const NpPriBlock *pstPriBlock,
+                            NpWhere stWhere = Np_Here())
 {
-    if (Np_StepsRun(ulChipID, enGroup, pstPriBlock) == NP_OK) {
+    if (Np_StepsRun(ulChipID, enGroup, pstPriBlock, stWhere) == NP_OK) {
         return NP_OK;
     }
     Np_Tarn_INIT_SdkDestruct(ulChipID);  // may itself stop early; the chip then stays marked
@@ -134,30 +138,30 @@ uint32_t Np_AtomsModeSet(uint32_t ulChipID, uint32_t ulMode, const char *pszMode
 
 // L2 and L3 analysis share one request: three priorities in 30, 30 and 40 percent of the table.
 // It names ten, as the software tables have room for.
-uint32_t Np_AnalysisInit(uint32_t ulChipID)
+uint32_t Np_AnalysisInit(uint32_t ulChipID, NpWhere stWhere = Np_Here())
 {
     NpPriBlock *pstPriBlock = static_cast<NpPriBlock *>(Os_Alloc(sizeof(NpPriBlock)));
     if (pstPriBlock == nullptr) {
-        NP_TRACE(NP_M_INIT, NP_PRINT_ERROR, "memory alloc failed!\r\n");
+        NP_TRACE_AT(stWhere, NP_M_INIT, NP_PRINT_ERROR, "memory alloc failed!\r\n");
         return NP_ERR_NO_MEMORY;
     }
     pstPriBlock->ulMaxPriNum = 10;
     pstPriBlock->ulPriPercent[0] = 30;
     pstPriBlock->ulPriPercent[1] = 30;
     pstPriBlock->ulPriPercent[2] = 40;
-    const uint32_t ulReturn = Np_StepsOrRollback(ulChipID, NP_GROUP_ANALYSIS, pstPriBlock);
+    const uint32_t ulReturn = Np_StepsOrRollback(ulChipID, NP_GROUP_ANALYSIS, pstPriBlock, stWhere);
     Os_Free(pstPriBlock);
     return ulReturn;
 }
 
 // The part of bring-up before the modules: nothing of it is rolled back.
-uint32_t Np_ChipPrepare(uint32_t ulChipID)
+uint32_t Np_ChipPrepare(uint32_t ulChipID, NpWhere stWhere = Np_Here())
 {
     NpSdkVersionInfo stVersion;
     uint32_t ulReturn = Np_SdkVersion_Get(ulChipID, &stVersion);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_INIT, NP_PRINT_ERROR, "Np_SdkVersion_Get(%d) return: %d",
-                 static_cast<int>(ulChipID), static_cast<int>(ulReturn));
+        NP_TRACE_AT(stWhere, NP_M_INIT, NP_PRINT_ERROR, "Np_SdkVersion_Get(%d) return: %d",
+                    static_cast<int>(ulChipID), static_cast<int>(ulReturn));
         return ulReturn;
     }
     ulReturn = Np_AtomsModeSet(ulChipID, QD_PBA_MODE_PULL, "pull");
@@ -166,13 +170,14 @@ uint32_t Np_ChipPrepare(uint32_t ulChipID)
     }
     ulReturn = Np_Tarn_SmemInit(ulChipID);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_INIT, NP_PRINT_ERROR,
-                 "Np_Tarn_SmemInit failed, chipid=0x%08x, ulReturn=0x%08x\r\n", ulChipID, ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_INIT, NP_PRINT_ERROR,
+                    "Np_Tarn_SmemInit failed, chipid=0x%08x, ulReturn=0x%08x\r\n", ulChipID,
+                    ulReturn);
         return ulReturn;
     }
     ulReturn = Np_Tarn_Phy_Addr_Map();
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_INIT, NP_PRINT_ERROR, "Np_Tarn_Phy_Addr_Map fail!\r\n");
+        NP_TRACE_AT(stWhere, NP_M_INIT, NP_PRINT_ERROR, "Np_Tarn_Phy_Addr_Map fail!\r\n");
     }
     return ulReturn;
 }
@@ -289,7 +294,6 @@ uint32_t Np_Tarn_DFX_Init(uint32_t ulChipID)
 
 uint32_t Np_Tarn_DFX_Destruct(uint32_t ulChipID)
 {
-    Os_Free(g_pastNpDfxMirrorInfo[ulChipID]);
-    g_pastNpDfxMirrorInfo[ulChipID] = nullptr;
+    Np_FreeAndForget(&g_pastNpDfxMirrorInfo[ulChipID]);
     return NP_OK;
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ldsdk/init.h"
-#include "sdk/frame/service.h"
+#include "sdk/frame/base/service.h"
 
 #include <cstdint>
 

@@ -5,16 +5,11 @@
 #include "sdk/access/regtable.h"
 #include "sdk/access/smem.h"
 #include "sdk/access/stack.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/lookup/eml.h"
 #include "sdk/lookup/lcam.h"
-
-constinit NpChipAddr g_stNpChipAddr[NP_CHIP_NUM] = {};
-constinit const uint32_t *g_aulNpGlbCap[NP_CHIP_NUM] = {};
-constinit NpChipAttr g_aulNpChipAttr[NP_CHIP_NUM] = {};
-constinit uint32_t g_ulNpCurrentUsedChipID = 0;
 
 namespace {
 
@@ -60,56 +55,6 @@ void Np_GLB_TarnBVariableInit(uint32_t ulChipID)
     g_stNpSDKFunc[ulChipID] = g_stNpSDKFuncInit_TarnB;
     g_astNpStackInfo[ulChipID] = g_astNpStackInfo_TarnB;
     g_aulStackNum[ulChipID] = g_ulStackNum_TarnB;
-}
-
-uint32_t Np_GLB_ChipIDIsValid(uint32_t ulChipID)
-{
-    if (ulChipID >= NP_CHIP_NUM) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "ChipID Error(%d)!\r\n", static_cast<int>(ulChipID));
-        return NP_ERR_CHIP_ID;
-    }
-    if (g_stNpChipAddr[ulChipID].ulRegistered == 0) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, "ChipID not register(%d)!\r\n",
-                 static_cast<int>(ulChipID));
-        return NP_ERR_CHIP_ID;
-    }
-    g_ulNpCurrentUsedChipID = ulChipID;
-    return NP_OK;
-}
-
-uint32_t Np_Chip_AddrFind(uint32_t ulChipID, const NpChipAddr **ppstChipAddr)
-{
-    if (ulChipID >= NP_CHIP_NUM) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, " ulChipID para error!(%08x)", ulChipID);
-        return NP_ERR_CHIP_ID;
-    }
-    *ppstChipAddr = &g_stNpChipAddr[ulChipID];
-    return NP_OK;
-}
-
-uint32_t Np_Chip_AddrGet(uint32_t ulChipID, NpChipAddr *pstChipAddr)
-{
-    const NpChipAddr *pstFound = nullptr;
-    const uint32_t ulReturn = Np_Chip_AddrFind(ulChipID, &pstFound);
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    if (pstChipAddr == nullptr) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, " pstChipAddr is null ptr");
-        return NP_ERR_NULL_PTR;
-    }
-    *pstChipAddr = *pstFound;
-    return NP_OK;
-}
-
-uint32_t Np_Chip_AddrSet(uint32_t ulChipID, const NpChipAddr *pstChipAddr)
-{
-    if (ulChipID >= NP_CHIP_NUM) {
-        NP_TRACE(NP_M_COMM, NP_PRINT_ERROR, " ulChipID para error!(%08x)", ulChipID);
-        return NP_ERR_CHIP_ID;
-    }
-    g_stNpChipAddr[ulChipID] = *pstChipAddr;
-    return NP_OK;
 }
 
 uint32_t Np_GLB_ChipRegister(uint32_t ulChipID, uint32_t ulChipClass, uint32_t ulChipAttr,

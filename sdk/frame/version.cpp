@@ -1,10 +1,8 @@
 // The SDK's own version and the version of the loaded microcode.
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
-
-constinit NpMicroVersion g_stNpMicroVersion[NP_CHIP_NUM] = {};
 
 namespace {
 

@@ -94,6 +94,9 @@ extern const NpEmlConfig *g_stNpEmlConfig[NP_CHIP_NUM];
 // Shadow of each table's buckets, and items in it, flee entries included: chip * 19 + table.
 extern NpEmlBucketInfo *g_pastEmlBucketInfo[NP_CHIP_NUM * NP_EML_TABLE_NUM];
 extern uint32_t g_aulEmlValidItem[NP_CHIP_NUM * NP_EML_TABLE_NUM];
+// Tables, bit by bit, in which a displacement stopped halfway since bring-up: a key may stand
+// twice.
+extern uint32_t g_aulEmlTwice[NP_CHIP_NUM];
 // Entry n is 2 to the n, less 1.
 extern const uint32_t g_aulBucketMask[NP_EML_MASK_NUM];
 // Where the last get of the 1x source MAC bonding table found its entry.

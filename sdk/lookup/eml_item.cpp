@@ -1,7 +1,7 @@
 #include "sdk/lookup/eml_item.h"
 
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 
 namespace {
 

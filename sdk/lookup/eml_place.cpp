@@ -1,7 +1,7 @@
 #include "sdk/lookup/eml_place.h"
 
 #include "ldsdk/status.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/trace.h"
 
 namespace {
 
@@ -86,10 +86,11 @@ uint32_t Np_EmlPlaceIdle(const NpEmlStore *pstStore, uint32_t ulBucketNo, uint32
         }
     }
     // Counter and entries of the shadow disagree.
-    NP_TRACE(NP_M_EML, NP_PRINT_ERROR,
-             "Np_Tarn_EML_IdleItemIndexFind ERROR ulChipID=0x%08x ulTable=0x%08x ulBucketNo=0x%08x "
-             "ulBucketFlag=0x%08x \r\n",
-             pstStore->ulChipID, pstStore->ulTableID, ulBucketNo, ulBucketFlag);
+    NP_TRACE_AT(
+        Np_Here("Np_Tarn_EML_IdleItemIndexFind"), NP_M_EML, NP_PRINT_ERROR,
+        "Np_Tarn_EML_IdleItemIndexFind ERROR ulChipID=0x%08x ulTable=0x%08x ulBucketNo=0x%08x "
+        "ulBucketFlag=0x%08x \r\n",
+        pstStore->ulChipID, pstStore->ulTableID, ulBucketNo, ulBucketFlag);
     return NP_ERR_FAIL;
 }
 

@@ -1,7 +1,7 @@
 // Hash commands, search and reading of the exact match tables, and the refresh of their caches.
 #include "sdk/access/smem.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/text.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/text.h"
 #include "sdk/lookup/eml.h"
 #include "sdk/lookup/eml_check.h"
 #include "sdk/lookup/eml_item.h"

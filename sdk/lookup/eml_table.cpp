@@ -3,8 +3,8 @@
 
 #include "platform/driver.h"
 #include "platform/os.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/text.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/text.h"
 #include "sdk/lookup/eml_check.h"
 #include "sdk/lookup/flee.h"
 
@@ -103,6 +103,7 @@ static_assert(Np_ConfigIsSound());
 constinit const NpEmlConfig *g_stNpEmlConfig[NP_CHIP_NUM] = {};
 constinit NpEmlBucketInfo *g_pastEmlBucketInfo[NP_CHIP_NUM * NP_EML_TABLE_NUM] = {};
 constinit uint32_t g_aulEmlValidItem[NP_CHIP_NUM * NP_EML_TABLE_NUM] = {};
+constinit uint32_t g_aulEmlTwice[NP_CHIP_NUM] = {};
 constinit uint32_t g_ulHashIndex[NP_CHIP_NUM] = {};
 constinit uint32_t g_ulMemType[NP_CHIP_NUM] = {};
 
@@ -122,6 +123,7 @@ uint32_t Np_ShadowInit(uint32_t ulChipID, uint32_t ulTableID)
     const uint32_t ulSize = Np_EmlConfigOf(ulChipID, ulTableID)->ulItemNum / NP_EML_BUCKET_ITEMS *
                             static_cast<uint32_t>(sizeof(NpEmlBucketInfo));
     g_aulEmlValidItem[ulSlot] = 0;
+    g_aulEmlTwice[ulChipID] &= ~(1u << ulTableID);
     if (ulSize == 0) {
         return NP_OK;
     }
@@ -196,9 +198,7 @@ uint32_t Np_Tarn_EML_Destruct(uint32_t ulChipID)
 {
     NP_TRACE(NP_M_EML, NP_PRINT_TRACE, "in ulChipID=0x%08x\r\n", ulChipID);
     for (uint32_t ulTableID = 0; ulTableID < NP_EML_TABLE_NUM; ulTableID++) {
-        NpEmlBucketInfo *&pastBucket = g_pastEmlBucketInfo[Np_EmlSlotOf(ulChipID, ulTableID)];
-        Os_Free(pastBucket);
-        pastBucket = nullptr;
+        Np_FreeAndForget(&g_pastEmlBucketInfo[Np_EmlSlotOf(ulChipID, ulTableID)]);
     }
     return NP_OK;
 }

@@ -1,7 +1,7 @@
 // Adding, rewriting and deleting items of the exact match tables.
 #include "sdk/access/smem.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/text.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/text.h"
 #include "sdk/lookup/eml.h"
 #include "sdk/lookup/eml_check.h"
 #include "sdk/lookup/eml_item.h"
@@ -46,14 +46,17 @@ void Np_CountDown(uint32_t ulChipID, uint32_t ulTableID)
     }
 }
 
-// An item of the hash table has gone: shadow, where the table has one, and count follow.
-void Np_ItemGone(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex)
+// An item of the hash table has gone: shadow, where the table has one, and count follow. Of a key
+// that stands twice the count is one.
+void Np_ItemGone(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulIndex, bool bCounted = true)
 {
     NpEmlBucketInfo *pastBucket = g_pastEmlBucketInfo[Np_EmlSlotOf(ulChipID, ulTableID)];
     if (Np_EmlConfigOf(ulChipID, ulTableID)->ulMoveEnable == 1 && pastBucket != nullptr) {
         Np_EmlPlaceDrop(pastBucket, ulIndex);
     }
-    Np_CountDown(ulChipID, ulTableID);
+    if (bCounted) {
+        Np_CountDown(ulChipID, ulTableID);
+    }
 }
 
 uint32_t Np_FleeWrite(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulKeyID, uint32_t ulExternal,
@@ -77,10 +80,11 @@ uint32_t Np_FleeDelete(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulKeyID)
 }
 
 // A new key that has no place in its hash table.
-uint32_t Np_FleeInsert(uint32_t ulChipID, uint32_t ulTableID, const uint8_t *pucItem)
+uint32_t Np_FleeInsert(uint32_t ulChipID, uint32_t ulTableID, const uint8_t *pucItem,
+                       NpWhere stWhere = Np_Here())
 {
     uint32_t ulExternal;
-    uint32_t ulReturn = Np_FleeExternal(ulTableID, &ulExternal);
+    uint32_t ulReturn = Np_FleeExternal(ulTableID, &ulExternal, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -91,8 +95,28 @@ uint32_t Np_FleeInsert(uint32_t ulChipID, uint32_t ulTableID, const uint8_t *puc
     }
     ulReturn = Np_FleeWrite(ulChipID, ulTableID, ulKeyID, ulExternal, pucItem);
     if (ulReturn != NP_OK) {
-        Np_FleeKeyRelease(ulChipID, ulTableID, ulKeyID);  // the write's code is the result
+        Np_FleeKeyRelease(ulChipID, ulTableID, ulKeyID, stWhere);  // the write's code is the result
     }
+    return ulReturn;
+}
+
+// Empties the item that the engine finds for a key.
+uint32_t Np_ItemEmpty(uint32_t ulChipID, uint32_t ulTableID, uint8_t *pucItem, bool bCounted,
+                      NpWhere stWhere = Np_Here())
+{
+    const NpEmlConfig *pstConfig = Np_EmlConfigOf(ulChipID, ulTableID);
+    Np_EmlStatusSet(pstConfig, pucItem, NP_EML_STATUS_EMPTY);
+    uint32_t ulIndex;
+    uint32_t ulReturn = Np_Tarn_EML_SearchUpdate(ulChipID, ulTableID, &ulIndex, pucItem);
+    if (ulReturn != NP_OK) {
+        return ulReturn;
+    }
+    // The item is gone, whatever becomes of the cache.
+    ulReturn = Np_Tarn_EML_SmemWriteReadCacheRefresh(ulChipID, pstConfig->ulSmemID);
+    NP_EML_REFUSE_AT(stWhere, ulIndex >= pstConfig->ulItemNum, NP_ERR_SMEM_OP,
+                     "[ERROR] the engine names a place outside the table! ulIndex=0x%08x\r\n",
+                     ulIndex);
+    Np_ItemGone(ulChipID, ulTableID, ulIndex, bCounted);
     return ulReturn;
 }
 
@@ -263,7 +287,11 @@ uint32_t Np_Tarn_EML_CpuWrite_MoveProcess(uint32_t ulChipID, uint32_t ulTableID,
                                           const NpEmlPlace *pstPlace, const uint8_t *pucItem)
 {
     const NpEmlStore stStore = Np_StoreOf(ulChipID, ulTableID);
-    return Np_EmlPlaceMove(&stStore, pstPlace, pucItem);
+    const uint32_t ulReturn = Np_EmlPlaceMove(&stStore, pstPlace, pucItem);
+    if (ulReturn != NP_OK) {
+        g_aulEmlTwice[ulChipID] |= 1u << ulTableID;
+    }
+    return ulReturn;
 }
 
 uint32_t Np_Tarn_EML_IdleItemIndexFind(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulBucketNo,
@@ -306,19 +334,19 @@ uint32_t Np_Tarn_EML_ItemDel(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulD
 
 uint32_t Np_tarn_EML_ItemDel_SmemProcess(uint32_t ulChipID, uint32_t ulTableID, uint8_t *pucItem)
 {
-    const NpEmlConfig *pstConfig = Np_EmlConfigOf(ulChipID, ulTableID);
-    Np_EmlStatusSet(pstConfig, pucItem, NP_EML_STATUS_EMPTY);
-    uint32_t ulIndex;
-    uint32_t ulReturn = Np_Tarn_EML_SearchUpdate(ulChipID, ulTableID, &ulIndex, pucItem);
-    if (ulReturn != NP_OK) {
-        return ulReturn;
+    uint32_t ulReturn = Np_ItemEmpty(ulChipID, ulTableID, pucItem, true);
+    // A second copy would answer now, with what the key stood for at the time of the displacement.
+    const uint32_t ulCopies =
+        (g_aulEmlTwice[ulChipID] >> ulTableID & 1) != 0 ? NP_EML_BUCKET_ITEMS : 1;
+    for (uint32_t i = 1; i < ulCopies && ulReturn == NP_OK; i++) {
+        ulReturn = Np_Tarn_EML_Search(ulChipID, ulTableID, nullptr, pucItem);
+        if (ulReturn == NP_ERR_EML_MISS) {
+            return NP_OK;
+        }
+        if (ulReturn == NP_OK) {
+            ulReturn = Np_ItemEmpty(ulChipID, ulTableID, pucItem, false);
+        }
     }
-    // The item is gone, whatever becomes of the cache.
-    ulReturn = Np_Tarn_EML_SmemWriteReadCacheRefresh(ulChipID, pstConfig->ulSmemID);
-    NP_EML_REFUSE(ulIndex >= pstConfig->ulItemNum, NP_ERR_SMEM_OP,
-                  "[ERROR] the engine names a place outside the table! ulIndex=0x%08x\r\n",
-                  ulIndex);
-    Np_ItemGone(ulChipID, ulTableID, ulIndex);
     return ulReturn;
 }
 
@@ -330,7 +358,7 @@ uint32_t Np_tarn_EML_ItemDel_FleeBucketProcess(uint32_t ulChipID, uint32_t ulTab
         return NP_OK;
     }
     uint32_t ulKeyID;
-    const uint32_t ulReturn =
+    uint32_t ulReturn =
         ulTableID == NP_EML_OAM_LM_DATAPKT
             ? Np_Tarn_LmData_FleeBucketSearch(ulChipID, ulTableID, nullptr, &ulKeyID, pucItem)
             : Np_Tarn_FleeBucketSearch(ulChipID, ulTableID, nullptr, &ulKeyID, pucItem);
@@ -342,7 +370,13 @@ uint32_t Np_tarn_EML_ItemDel_FleeBucketProcess(uint32_t ulChipID, uint32_t ulTab
         NP_TRACE(NP_M_EML, NP_PRINT_DEBUG, "[DEBUG] flee bucket search error");
         return ulReturn;
     }
-    return Np_FleeDelete(ulChipID, ulTableID, ulKeyID);
+    ulReturn = Np_FleeDelete(ulChipID, ulTableID, ulKeyID);
+    uint32_t ulExternal;
+    if (ulReturn == NP_ERR_TCAM_CLEAR && Np_FleeExternal(ulTableID, &ulExternal) == NP_OK) {
+        // Half cleared it would be lost to both sides with its number taken: it is put back.
+        Np_FleeWrite(ulChipID, ulTableID, ulKeyID, ulExternal, pucItem);
+    }
+    return ulReturn;
 }
 
 uint32_t Np_Tarn_EML_ItemDelByIndex(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulLocationType,

@@ -1,8 +1,8 @@
 #include "sdk/lookup/flee.h"
 
 #include "sdk/access/stack.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/text.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/text.h"
 #include "sdk/lookup/eml.h"
 #include "sdk/lookup/eml_check.h"
 #include "sdk/lookup/eml_item.h"
@@ -93,34 +93,36 @@ void Np_EntryKey(const NpFleeStore &stStore, const NpEmlConfig *pstConfig, uint3
     pucKey[stStore.ulKeySize - 1] = static_cast<uint8_t>(ulOwner & 0x0f);
 }
 
-uint32_t Np_KeyIdCheck(const NpFleeStore &stStore, uint32_t ulKeyID)
+uint32_t Np_KeyIdCheck(const NpFleeStore &stStore, uint32_t ulKeyID, NpWhere stWhere = Np_Here())
 {
-    NP_EML_REFUSE(ulKeyID >= Np_GLB_CapGet(stStore.enKeyNum), NP_ERR_PARAM,
-                  "[ERROR] param error! ulKeyID=0x%08x\r\n", ulKeyID);
+    NP_EML_REFUSE_AT(stWhere, ulKeyID >= Np_GLB_CapGet(stStore.enKeyNum), NP_ERR_PARAM,
+                     "[ERROR] param error! ulKeyID=0x%08x\r\n", ulKeyID);
     return NP_OK;
 }
 
-uint32_t Np_TableOf(uint32_t ulItemType, uint32_t *pulTableID)
+uint32_t Np_ItemTableOf(uint32_t ulItemType, uint32_t *pulTableID, NpWhere stWhere = Np_Here())
 {
-    NP_EML_REFUSE(Np_Tarn_Map_GetNpValue(g_astEmlFleeBucketMap, NP_FLEE_MAP_NUM, ulItemType,
-                                         pulTableID) != NP_OK,
-                  NP_ERR_MAP_NP,
-                  "g_astEmlFleeBucketMap para map from external(%u) to NP failed!\r\n", ulItemType);
+    NP_EML_REFUSE_AT(stWhere,
+                     Np_Tarn_Map_GetNpValue(g_astEmlFleeBucketMap, NP_FLEE_MAP_NUM, ulItemType,
+                                            pulTableID) != NP_OK,
+                     NP_ERR_MAP_NP,
+                     "g_astEmlFleeBucketMap para map from external(%u) to NP failed!\r\n",
+                     ulItemType);
     return NP_OK;
 }
 
 uint32_t Np_EntrySet(const NpFleeStore &stStore, uint32_t ulChipID, uint32_t ulKeyID,
-                     uint32_t ulItemType, const void *pvData)
+                     uint32_t ulItemType, const void *pvData, NpWhere stWhere = Np_Here())
 {
-    uint32_t ulReturn = Np_KeyIdCheck(stStore, ulKeyID);
+    uint32_t ulReturn = Np_KeyIdCheck(stStore, ulKeyID, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    NP_EML_REFUSE(ulItemType > NP_FLEE_TYPE_MAX, NP_ERR_PARAM,
-                  "param error! (ulItemType)=0x%08x\r\n", ulItemType);
-    NP_EML_REFUSE_NULL(pvData == nullptr);
+    NP_EML_REFUSE_AT(stWhere, ulItemType > NP_FLEE_TYPE_MAX, NP_ERR_PARAM,
+                     "param error! (ulItemType)=0x%08x\r\n", ulItemType);
+    NP_EML_REFUSE_NULL_AT(stWhere, pvData == nullptr);
     uint32_t ulTableID;
-    ulReturn = Np_TableOf(ulItemType, &ulTableID);
+    ulReturn = Np_ItemTableOf(ulItemType, &ulTableID, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -132,6 +134,17 @@ uint32_t Np_EntrySet(const NpFleeStore &stStore, uint32_t ulChipID, uint32_t ulK
     Np_EmlShiftedAdPut(pstConfig, pucItem, stEntry.aucAd, stStore.ulAdSize);
     ulReturn = Np_Tarn_LCAM_TcamWrite(ulChipID, stStore.ulLcamTable, ulKeyID, stEntry.aucKey,
                                       g_aucFleeMask.data(), stEntry.aucAd);
+    if (ulReturn == NP_ERR_TCAM_WRITE) {
+        // It stopped between valid bit and mask. An entry that was there matches again, a new one
+        // goes: the chip has what the bookkeeping says.
+        if (Np_EntryUsed(stStore, ulChipID, ulKeyID)) {
+            Np_Tarn_LCAM_TcamWrite(ulChipID, stStore.ulLcamTable, ulKeyID, stEntry.aucKey,
+                                   g_aucFleeMask.data(), nullptr);
+        }
+        else {
+            Np_Tarn_LCAM_TcamDelete(ulChipID, stStore.ulLcamTable, ulKeyID);
+        }
+    }
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -140,16 +153,16 @@ uint32_t Np_EntrySet(const NpFleeStore &stStore, uint32_t ulChipID, uint32_t ulK
 }
 
 uint32_t Np_EntryGet(const NpFleeStore &stStore, uint32_t ulChipID, uint32_t ulKeyID,
-                     uint32_t *pulItemType, void *pvData)
+                     uint32_t *pulItemType, void *pvData, NpWhere stWhere = Np_Here())
 {
-    uint32_t ulReturn = Np_KeyIdCheck(stStore, ulKeyID);
+    uint32_t ulReturn = Np_KeyIdCheck(stStore, ulKeyID, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    NP_EML_REFUSE_NULL(pulItemType == nullptr || pvData == nullptr);
+    NP_EML_REFUSE_NULL_AT(stWhere, pulItemType == nullptr || pvData == nullptr);
     *pulItemType = Np_EntryOwner(stStore, ulChipID, ulKeyID);
     uint32_t ulTableID;
-    ulReturn = Np_TableOf(*pulItemType, &ulTableID);
+    ulReturn = Np_ItemTableOf(*pulItemType, &ulTableID, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -166,9 +179,9 @@ uint32_t Np_EntryGet(const NpFleeStore &stStore, uint32_t ulChipID, uint32_t ulK
 }
 
 uint32_t Np_EntryDel(const NpFleeStore &stStore, uint32_t ulChipID, uint32_t ulTableID,
-                     uint32_t ulKeyID)
+                     uint32_t ulKeyID, NpWhere stWhere = Np_Here())
 {
-    uint32_t ulReturn = Np_KeyIdCheck(stStore, ulKeyID);
+    uint32_t ulReturn = Np_KeyIdCheck(stStore, ulKeyID, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -177,14 +190,15 @@ uint32_t Np_EntryDel(const NpFleeStore &stStore, uint32_t ulChipID, uint32_t ulT
         return ulReturn;
     }
     Np_EntryMark(stStore, ulChipID, ulKeyID, {0, 0});
-    return Np_FleeKeyRelease(ulChipID, ulTableID, ulKeyID);
+    return Np_FleeKeyRelease(ulChipID, ulTableID, ulKeyID, stWhere);
 }
 
 uint32_t Np_EntrySearch(const NpFleeStore &stStore, uint32_t ulChipID, uint32_t ulTableID,
-                        uint32_t *pulLocationType, uint32_t *pulIndex, void *pvData)
+                        uint32_t *pulLocationType, uint32_t *pulIndex, void *pvData,
+                        NpWhere stWhere = Np_Here())
 {
     uint32_t ulExternal;
-    uint32_t ulReturn = Np_FleeExternal(ulTableID, &ulExternal);
+    uint32_t ulReturn = Np_FleeExternal(ulTableID, &ulExternal, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -218,18 +232,20 @@ uint32_t Np_EntrySearch(const NpFleeStore &stStore, uint32_t ulChipID, uint32_t 
         }
         return NP_OK;
     }
-    NP_TRACE(NP_M_EML, NP_PRINT_DEBUG, "[DEBUG] flee bucket not exist\r\n");
+    NP_TRACE_AT(stWhere, NP_M_EML, NP_PRINT_DEBUG, "[DEBUG] flee bucket not exist\r\n");
     return NP_ERR_FLEE_MISS;
 }
 
 }  // namespace
 
-uint32_t Np_FleeExternal(uint32_t ulTableID, uint32_t *pulExternal)
+uint32_t Np_FleeExternal(uint32_t ulTableID, uint32_t *pulExternal, NpWhere stWhere)
 {
-    NP_EML_REFUSE(Np_Tarn_Map_GetExternalValue(g_astEmlFleeBucketMap, NP_FLEE_MAP_NUM, ulTableID,
-                                               pulExternal) != NP_OK,
-                  NP_ERR_MAP_NP,
-                  "g_astEmlFleeBucketMap para map from NP(%u) to external failed!\r\n", ulTableID);
+    NP_EML_REFUSE_AT(stWhere,
+                     Np_Tarn_Map_GetExternalValue(g_astEmlFleeBucketMap, NP_FLEE_MAP_NUM, ulTableID,
+                                                  pulExternal) != NP_OK,
+                     NP_ERR_MAP_NP,
+                     "g_astEmlFleeBucketMap para map from NP(%u) to external failed!\r\n",
+                     ulTableID);
     return NP_OK;
 }
 
@@ -244,10 +260,10 @@ bool Np_FleeInUse(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulKeyID)
                         ulKeyID);
 }
 
-uint32_t Np_FleeKeyRelease(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulKeyID)
+uint32_t Np_FleeKeyRelease(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulKeyID, NpWhere stWhere)
 {
-    NP_EML_REFUSE(Np_Tarn_Push(ulChipID, Np_FleeStackOf(ulTableID), ulKeyID) != NP_OK,
-                  NP_ERR_STACK_OP, "[ERROR] stack push error ulKeyID=0x%08x\r\n", ulKeyID);
+    NP_EML_REFUSE_AT(stWhere, Np_Tarn_Push(ulChipID, Np_FleeStackOf(ulTableID), ulKeyID) != NP_OK,
+                     NP_ERR_STACK_OP, "[ERROR] stack push error ulKeyID=0x%08x\r\n", ulKeyID);
     return NP_OK;
 }
 

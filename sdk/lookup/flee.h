@@ -8,6 +8,7 @@
 #pragma once
 
 #include "ldsdk/types.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/lookup/map.h"
 
 #include <cstdint>
@@ -62,11 +63,12 @@ uint32_t Np_Tarn_LmData_FleeBucketSearch(uint32_t ulChipID, uint32_t ulTableID,
 }  // extern "C"
 
 // External value of a table. NP_ERR_MAP_NP for one that can have no flee entries.
-uint32_t Np_FleeExternal(uint32_t ulTableID, uint32_t *pulExternal);
+uint32_t Np_FleeExternal(uint32_t ulTableID, uint32_t *pulExternal, NpWhere stWhere = Np_Here());
 // Recorded owner of an entry, and whether the entry is in use; ulKeyID below NP_FLEE_ENTRY_NUM.
 uint32_t Np_FleeOwner(uint32_t ulChipID, uint32_t ulKeyID);
 bool Np_FleeInUse(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulKeyID);
 // Gives a key number back. NP_ERR_STACK_OP.
-uint32_t Np_FleeKeyRelease(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulKeyID);
+uint32_t Np_FleeKeyRelease(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulKeyID,
+                           NpWhere stWhere = Np_Here());
 // Clears the bookkeeping of a chip.
 void Np_FleeForget(uint32_t ulChipID);

@@ -2,8 +2,8 @@
 #include "sdk/lookup/lcam.h"
 
 #include "ldsdk/status.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 
 namespace {
 
@@ -12,10 +12,11 @@ uint32_t Np_Low32(const void *pvAddress)
     return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(pvAddress));
 }
 
-uint32_t Np_TableCheck(uint32_t ulTableID)
+uint32_t Np_TableCheck(uint32_t ulTableID, NpWhere stWhere = Np_Here())
 {
     if (ulTableID >= NP_LCAM_TABLE_NUM) {
-        NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR, "param error! (ulTableID)=0x%08x\r\n", ulTableID);
+        NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR, "param error! (ulTableID)=0x%08x\r\n",
+                    ulTableID);
         return NP_ERR_PARAM;
     }
     return NP_OK;
@@ -34,27 +35,28 @@ const NpLcamAddrBlock *Np_StretchFind(const NpLcamAddrConfig *pstAddr, uint32_t 
     return nullptr;
 }
 
-uint32_t Np_CamModeGet(uint32_t ulChipID, uint32_t *pulMode)
+uint32_t Np_CamModeGet(uint32_t ulChipID, uint32_t *pulMode, NpWhere stWhere = Np_Here())
 {
     *pulMode = 0;
     const uint32_t ulReturn = Qd_LCAM_CamIdModeGet(ulChipID, pulMode);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR,
-                 "[ERROR] Qd_LCAM_CamIdModeGet ERROR ulChipID=0x%08x, ulMode=0x%08x , "
-                 "ulReturn=0x%08x\r\n",
-                 ulChipID, *pulMode, ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR,
+                    "[ERROR] Qd_LCAM_CamIdModeGet ERROR ulChipID=0x%08x, ulMode=0x%08x , "
+                    "ulReturn=0x%08x\r\n",
+                    ulChipID, *pulMode, ulReturn);
         return NP_ERR_CAM_MODE_READ;
     }
     return NP_OK;
 }
 
 // Copies that a write has to keep in step: 1 or 2.
-uint32_t Np_CopiesGet(uint32_t ulChipID, uint32_t ulCid, uint32_t *pulCopies)
+uint32_t Np_CopiesGet(uint32_t ulChipID, uint32_t ulCid, uint32_t *pulCopies,
+                      NpWhere stWhere = Np_Here())
 {
     uint32_t ulEnable = 0;
     const uint32_t ulReturn = Qd_LCAM_MirrorEnableGet(ulChipID, ulCid, &ulEnable);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
         return ulReturn;
     }
     *pulCopies = ulEnable == 1 ? 2 : 1;
@@ -76,17 +78,17 @@ struct NpLcamAccessMode {
 };
 
 uint32_t Np_AccessModeGet(uint32_t ulChipID, const NpLcamAccessInfo *pstLcamAccessInfo,
-                          NpLcamAccessMode *pstMode)
+                          NpLcamAccessMode *pstMode, NpWhere stWhere = Np_Here())
 {
-    uint32_t ulReturn = Np_Tarn_LCAM_AccessInfoCheck(pstLcamAccessInfo);
+    uint32_t ulReturn = Np_Tarn_LCAM_AccessInfoCheck(pstLcamAccessInfo, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    ulReturn = Np_CamModeGet(ulChipID, &pstMode->ulCamMode);
+    ulReturn = Np_CamModeGet(ulChipID, &pstMode->ulCamMode, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    return Np_CopiesGet(ulChipID, pstLcamAccessInfo->ulCid, &pstMode->ulCopies);
+    return Np_CopiesGet(ulChipID, pstLcamAccessInfo->ulCid, &pstMode->ulCopies, stWhere);
 }
 
 // Takes a value of ulBits bits out of the ulBytes bytes that the chip gave, in place.
@@ -105,12 +107,12 @@ void Np_RoomTake(uint32_t ulBits, uint32_t ulBytes, uint8_t *pucData)
     pucData[ulBytes - 1] = static_cast<uint8_t>(pucData[ulBytes - 1] >> 4);
 }
 
-void Np_AccessTrace(const NpLcamAccessInfo *pstLcamAccessInfo)
+void Np_AccessTrace(const NpLcamAccessInfo *pstLcamAccessInfo, NpWhere stWhere = Np_Here())
 {
-    NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR,
-             "ulType=0x%08x ulBlock=0x%08x ulTcam=0x%08xulDepth=0x%08x ulCid=0x%08x \r\n",
-             pstLcamAccessInfo->ulType, pstLcamAccessInfo->ulBlock, pstLcamAccessInfo->ulTcam,
-             pstLcamAccessInfo->ulDepth, pstLcamAccessInfo->ulCid);
+    NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR,
+                "ulType=0x%08x ulBlock=0x%08x ulTcam=0x%08xulDepth=0x%08x ulCid=0x%08x \r\n",
+                pstLcamAccessInfo->ulType, pstLcamAccessInfo->ulBlock, pstLcamAccessInfo->ulTcam,
+                pstLcamAccessInfo->ulDepth, pstLcamAccessInfo->ulCid);
 }
 
 bool Np_IsZero(const uint8_t *pucData, uint32_t ulBytes)
@@ -250,31 +252,32 @@ uint32_t Np_Tarn_LCAM_AccessInfoBulid(uint32_t ulChipID, uint32_t ulTableID, uin
     return NP_OK;
 }
 
-uint32_t Np_Tarn_LCAM_AccessInfoCheck(const NpLcamAccessInfo *pstLcamAccessInfo)
+uint32_t Np_Tarn_LCAM_AccessInfoCheck(const NpLcamAccessInfo *pstLcamAccessInfo, NpWhere stWhere)
 {
     const uint32_t ulType = pstLcamAccessInfo->ulType;
     if (ulType >= NP_LCAM_TYPE_NUM) {
-        NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR, "Para error, type = 0x%x \r\n", ulType);
+        NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR, "Para error, type = 0x%x \r\n", ulType);
         return NP_ERR_PARAM;
     }
     if (pstLcamAccessInfo->ulBlock >= NP_LCAM_BLOCK_NUM) {
-        NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR, "Para error, block = 0x%x \r\n",
-                 pstLcamAccessInfo->ulBlock);
+        NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR, "Para error, block = 0x%x \r\n",
+                    pstLcamAccessInfo->ulBlock);
         return NP_ERR_PARAM;
     }
     if (pstLcamAccessInfo->ulTcam >= NP_LCAM_TCAM_NUM) {
-        NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR, "Para error, tcam = 0x%x \r\n",
-                 pstLcamAccessInfo->ulTcam);
+        NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR, "Para error, tcam = 0x%x \r\n",
+                    pstLcamAccessInfo->ulTcam);
         return NP_ERR_PARAM;
     }
     if (pstLcamAccessInfo->ulDepth >= NP_LCAM_DEPTH_NUM) {
-        NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR, "Para error, depth = 0x%x \r\n",
-                 pstLcamAccessInfo->ulDepth);
+        NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR, "Para error, depth = 0x%x \r\n",
+                    pstLcamAccessInfo->ulDepth);
         return NP_ERR_PARAM;
     }
     if (pstLcamAccessInfo->ulTcam % (1u << ulType) != 0) {
-        NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR, "Para error, ulType = 0x%x. ulTcam = 0x%x \r\n", ulType,
-                 pstLcamAccessInfo->ulTcam);
+        NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR,
+                    "Para error, ulType = 0x%x. ulTcam = 0x%x \r\n", ulType,
+                    pstLcamAccessInfo->ulTcam);
         return NP_ERR_PARAM;
     }
     return NP_OK;

@@ -10,6 +10,7 @@
 
 #include "ldsdk/types.h"
 #include "platform/driver.h"
+#include "sdk/frame/base/trace.h"
 
 #include <cstdint>
 
@@ -172,7 +173,8 @@ uint32_t Np_Tarn_LCAM_TcamBlockMoveDown(uint32_t ulChipID, uint32_t ulTableID, u
 uint32_t Np_Tarn_LCAM_AccessInfoBulid(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulOffset,
                                       NpLcamAccessInfo *pstLcamAccessInfo);
 // NP_ERR_PARAM when the record names no entry of the chip.
-uint32_t Np_Tarn_LCAM_AccessInfoCheck(const NpLcamAccessInfo *pstLcamAccessInfo);
+uint32_t Np_Tarn_LCAM_AccessInfoCheck(const NpLcamAccessInfo *pstLcamAccessInfo,
+                                      NpWhere stWhere = Np_Here());
 // Key and mask to X and Y and back, ulBytes bytes. In place (X over key, Y over mask) is fine.
 void Np_Tarn_LCAM_UserToTcamValue(uint32_t ulBytes, const uint8_t *pucKey, const uint8_t *pucMask,
                                   uint8_t *pucX, uint8_t *pucY);

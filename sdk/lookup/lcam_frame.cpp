@@ -1,8 +1,8 @@
 // The commands of the LCAM: one frame each, to one block, with no checks.
 #include "ldsdk/status.h"
 #include "sdk/access/frame.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/lookup/lcam.h"
 
 namespace {
@@ -73,19 +73,20 @@ void Np_WireBuild(const NpLcamWire *pstWire, const NpLcamTcamAttr *pstAttr, NpRb
     pstFrame->aucByte[NP_RBA_WIDTH] = static_cast<uint8_t>(pstWire->ulWidthClass);
 }
 
-uint32_t Np_WireSend(uint32_t ulChipID, const NpRbaReqCmd *pstFrame, NpRbaRspCmd *pstAnswer)
+uint32_t Np_WireSend(uint32_t ulChipID, const NpRbaReqCmd *pstFrame, NpRbaRspCmd *pstAnswer,
+                     NpWhere stWhere = Np_Here())
 {
     *pstAnswer = {};
     const uint32_t ulReturn = Qd_RBA_CommandSend(ulChipID, pstFrame, pstAnswer);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR, "rba command send failed! ulreturn = 0x%08x\r\n",
-                 ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR,
+                    "rba command send failed! ulreturn = 0x%08x\r\n", ulReturn);
         return ulReturn;
     }
     uint32_t ulStatus;
     __builtin_memcpy(&ulStatus, pstAnswer->aucByte, sizeof(ulStatus));
     if (ulStatus != 0) {
-        NP_TRACE(NP_M_LCAM, NP_PRINT_ERROR, "error!, ulStatus = 0x%08x\r\n", ulStatus);
+        NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR, "error!, ulStatus = 0x%08x\r\n", ulStatus);
         return NP_ERR_SMEM_OP;
     }
     return NP_OK;
@@ -93,7 +94,7 @@ uint32_t Np_WireSend(uint32_t ulChipID, const NpRbaReqCmd *pstFrame, NpRbaRspCmd
 
 // Sends a command that carries ulBits bits of data, or none.
 uint32_t Np_WireWrite(uint32_t ulChipID, const NpLcamWire *pstWire, const NpLcamTcamAttr *pstAttr,
-                      uint32_t ulBits, const void *pvData)
+                      uint32_t ulBits, const void *pvData, NpWhere stWhere = Np_Here())
 {
     NpRbaReqCmd stFrame;
     Np_WireBuild(pstWire, pstAttr, &stFrame);
@@ -104,17 +105,17 @@ uint32_t Np_WireWrite(uint32_t ulChipID, const NpLcamWire *pstWire, const NpLcam
         }
     }
     NpRbaRspCmd stAnswer;
-    return Np_WireSend(ulChipID, &stFrame, &stAnswer);
+    return Np_WireSend(ulChipID, &stFrame, &stAnswer, stWhere);
 }
 
 // Sends a command that answers with ulBytes bytes, which stand at the end of the response.
 uint32_t Np_WireRead(uint32_t ulChipID, const NpLcamWire *pstWire, const NpLcamTcamAttr *pstAttr,
-                     uint32_t ulBytes, void *pvData)
+                     uint32_t ulBytes, void *pvData, NpWhere stWhere = Np_Here())
 {
     NpRbaReqCmd stFrame;
     Np_WireBuild(pstWire, pstAttr, &stFrame);
     NpRbaRspCmd stAnswer;
-    const uint32_t ulReturn = Np_WireSend(ulChipID, &stFrame, &stAnswer);
+    const uint32_t ulReturn = Np_WireSend(ulChipID, &stFrame, &stAnswer, stWhere);
     if (ulReturn == NP_OK) {
         memcpy(pvData, stAnswer.aucByte + sizeof(stAnswer.aucByte) - ulBytes, ulBytes);
     }
@@ -123,17 +124,17 @@ uint32_t Np_WireRead(uint32_t ulChipID, const NpLcamWire *pstWire, const NpLcamT
 
 // X, then Y, of one or two TCAMs.
 uint32_t Np_TcamRead(uint32_t ulChipID, uint32_t ulType, const NpLcamTcamAttr *pstAttr,
-                     uint8_t *pucX, uint8_t *pucY)
+                     uint8_t *pucX, uint8_t *pucY, NpWhere stWhere = Np_Here())
 {
     const NpLcamCommand *pstCommand = &g_astTcamRead[ulType];
     const NpLcamWire stData = Np_TcamWire(pstCommand, pstAttr->ulTcam, pstCommand->ulOpFirst);
     const uint32_t ulReturn =
-        Np_WireRead(ulChipID, &stData, pstAttr, Np_LcamKeyBytes(ulType), pucX);
+        Np_WireRead(ulChipID, &stData, pstAttr, Np_LcamKeyBytes(ulType), pucX, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
     const NpLcamWire stMask = Np_TcamWire(pstCommand, pstAttr->ulTcam, pstCommand->ulOpSecond);
-    return Np_WireRead(ulChipID, &stMask, pstAttr, Np_LcamKeyBytes(ulType), pucY);
+    return Np_WireRead(ulChipID, &stMask, pstAttr, Np_LcamKeyBytes(ulType), pucY, stWhere);
 }
 
 uint32_t Np_TcamPairsRead(uint32_t ulChipID, uint32_t ulPairs, const NpLcamTcamAttr *pstAttr,
@@ -155,15 +156,15 @@ uint32_t Np_TcamPairsRead(uint32_t ulChipID, uint32_t ulPairs, const NpLcamTcamA
 // The data command with X, then the mask command with Y.
 uint32_t Np_TcamWrite(uint32_t ulChipID, const NpLcamCommand *pstCommand,
                       const NpLcamTcamAttr *pstAttr, uint32_t ulBits, const uint8_t *pucX,
-                      const uint8_t *pucY)
+                      const uint8_t *pucY, NpWhere stWhere = Np_Here())
 {
     const NpLcamWire stData = Np_TcamWire(pstCommand, pstAttr->ulTcam, pstCommand->ulOpFirst);
-    const uint32_t ulReturn = Np_WireWrite(ulChipID, &stData, pstAttr, ulBits, pucX);
+    const uint32_t ulReturn = Np_WireWrite(ulChipID, &stData, pstAttr, ulBits, pucX, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
     const NpLcamWire stMask = Np_TcamWire(pstCommand, pstAttr->ulTcam, pstCommand->ulOpSecond);
-    return Np_WireWrite(ulChipID, &stMask, pstAttr, ulBits, pucY);
+    return Np_WireWrite(ulChipID, &stMask, pstAttr, ulBits, pucY, stWhere);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include "sdk/lookup/placement.h"
 
 #include "ldsdk/status.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/trace.h"
 
 namespace {
 
@@ -48,7 +48,7 @@ bool Np_IsUnderEmptyBlocks(const NpPriCamEntryInfo *pstPriCamEntryInfo,
 // Moves the rule at an offset to a free one; the soft tables follow. A hole that a failed delete
 // left has no rule to move.
 uint32_t Np_RuleMove(const NpPriCamStore *pstStore, const NpPriCamSoftInfo *pstPriCamSoftInfo,
-                     uint32_t ulSrc, uint32_t ulDst)
+                     uint32_t ulSrc, uint32_t ulDst, NpWhere stWhere = Np_Here())
 {
     const uint32_t ulKeyID = pstPriCamSoftInfo->pulTcamInfo[ulSrc];
     if (ulKeyID == NP_PRICAM_NONE) {
@@ -56,7 +56,8 @@ uint32_t Np_RuleMove(const NpPriCamStore *pstStore, const NpPriCamSoftInfo *pstP
     }
     const uint32_t ulReturn = pstStore->pfnMove(pstStore, ulSrc, ulDst);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_PRICAM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_PRICAM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n",
+                    ulReturn);
         return ulReturn;
     }
     pstPriCamSoftInfo->pstKeyInfo[ulKeyID].ulCamEntry = ulDst;
@@ -67,13 +68,14 @@ uint32_t Np_RuleMove(const NpPriCamStore *pstStore, const NpPriCamSoftInfo *pstP
 
 // Rotates a block by one row towards the higher offsets: its lowest rule goes in front of it.
 uint32_t Np_BlockRaise(const NpPriCamStore *pstStore, const NpPriCamEntryInfo *pstPriCamEntryInfo,
-                       const NpPriCamSoftInfo *pstPriCamSoftInfo, uint32_t ulPri)
+                       const NpPriCamSoftInfo *pstPriCamSoftInfo, uint32_t ulPri,
+                       NpWhere stWhere = Np_Here())
 {
     NpPriBlockPoint *pstPoint = &pstPriCamSoftInfo->pstPriPoint[ulPri];
     const uint32_t ulTop = pstPoint->ulTopPoint + 1;
     const uint32_t ulBot = pstPoint->ulBotPoint + 1;
     if (ulTop != ulBot) {
-        const uint32_t ulReturn = Np_RuleMove(pstStore, pstPriCamSoftInfo, ulTop, ulBot);
+        const uint32_t ulReturn = Np_RuleMove(pstStore, pstPriCamSoftInfo, ulTop, ulBot, stWhere);
         if (ulReturn != NP_OK) {
             return ulReturn;
         }
@@ -86,12 +88,12 @@ uint32_t Np_BlockRaise(const NpPriCamStore *pstStore, const NpPriCamEntryInfo *p
 
 // And towards offset 0: its highest rule goes behind it.
 uint32_t Np_BlockLower(const NpPriCamStore *pstStore, const NpPriCamSoftInfo *pstPriCamSoftInfo,
-                       uint32_t ulPri)
+                       uint32_t ulPri, NpWhere stWhere = Np_Here())
 {
     NpPriBlockPoint *pstPoint = &pstPriCamSoftInfo->pstPriPoint[ulPri];
     if (pstPoint->ulTopPoint != pstPoint->ulBotPoint) {
-        const uint32_t ulReturn =
-            Np_RuleMove(pstStore, pstPriCamSoftInfo, pstPoint->ulBotPoint, pstPoint->ulTopPoint);
+        const uint32_t ulReturn = Np_RuleMove(pstStore, pstPriCamSoftInfo, pstPoint->ulBotPoint,
+                                              pstPoint->ulTopPoint, stWhere);
         if (ulReturn != NP_OK) {
             return ulReturn;
         }
@@ -108,16 +110,17 @@ uint32_t Np_BlockLower(const NpPriCamStore *pstStore, const NpPriCamSoftInfo *ps
 }  // namespace
 
 uint32_t Np_Placement_Layout(uint32_t ulChipID, uint32_t ulTcamMaxEntry,
-                             const NpPriBlock *pstPriBlockInfo, NpPriBlockPoint *pstPriBlockPoint)
+                             const NpPriBlock *pstPriBlockInfo, NpPriBlockPoint *pstPriBlockPoint,
+                             NpWhere stWhere)
 {
     if (pstPriBlockInfo == nullptr || pstPriBlockPoint == nullptr) {
-        NP_TRACE(NP_M_PRICAM, NP_PRINT_ERROR, "Para null ptr\r\n");
+        NP_TRACE_AT(stWhere, NP_M_PRICAM, NP_PRINT_ERROR, "Para null ptr\r\n");
         return NP_ERR_NULL_PTR;
     }
     const uint32_t ulMaxPriNum = pstPriBlockInfo->ulMaxPriNum;
     if (ulMaxPriNum == 0 || ulMaxPriNum > NP_PRICAM_PRI_MAX) {
-        NP_TRACE(NP_M_PRICAM, NP_PRINT_ERROR, "ulChipID=0x%08x, ulMaxPriNum=0x%08x \r\n", ulChipID,
-                 ulMaxPriNum);
+        NP_TRACE_AT(stWhere, NP_M_PRICAM, NP_PRINT_ERROR,
+                    "ulChipID=0x%08x, ulMaxPriNum=0x%08x \r\n", ulChipID, ulMaxPriNum);
         return NP_ERR_PARAM;
     }
     uint64_t ullTotal = 0;  // 32 bits could wrap to 100
@@ -125,8 +128,9 @@ uint32_t Np_Placement_Layout(uint32_t ulChipID, uint32_t ulTcamMaxEntry,
         ullTotal += pstPriBlockInfo->ulPriPercent[ulPri];
     }
     if (ullTotal != 100) {
-        NP_TRACE(NP_M_PRICAM, NP_PRINT_ERROR, "ulChipID=0x%08x, ulTotalPriPercent=0x%08x \r\n",
-                 ulChipID, static_cast<uint32_t>(ullTotal));
+        NP_TRACE_AT(stWhere, NP_M_PRICAM, NP_PRINT_ERROR,
+                    "ulChipID=0x%08x, ulTotalPriPercent=0x%08x \r\n", ulChipID,
+                    static_cast<uint32_t>(ullTotal));
         return NP_ERR_PARAM;
     }
     uint32_t ulPoint = ulTcamMaxEntry;
@@ -233,10 +237,11 @@ uint32_t Np_Tarn_PriCam_FreeEntry_SearchBack(const NpPriCamStore *pstStore,
 
 uint32_t Np_Placement_Assign(const NpPriCamStore *pstStore,
                              const NpPriCamEntryInfo *pstPriCamEntryInfo,
-                             const NpPriCamSoftInfo *pstPriCamSoftInfo, uint32_t *pulFreeTcamEntry)
+                             const NpPriCamSoftInfo *pstPriCamSoftInfo, uint32_t *pulFreeTcamEntry,
+                             NpWhere stWhere)
 {
     if (Np_AnyNull(pstPriCamEntryInfo, pstPriCamSoftInfo) || pulFreeTcamEntry == nullptr) {
-        NP_TRACE(NP_M_PRICAM, NP_PRINT_ERROR, "Para null ptr\r\n");
+        NP_TRACE_AT(stWhere, NP_M_PRICAM, NP_PRINT_ERROR, "Para null ptr\r\n");
         return NP_ERR_NULL_PTR;
     }
     uint32_t ulReturn = NP_ERR_FAIL;
@@ -253,7 +258,7 @@ uint32_t Np_Placement_Assign(const NpPriCamStore *pstStore,
         }
     }
     if (ulReturn == NP_ERR_FAIL) {
-        NP_TRACE(NP_M_PRICAM, NP_PRINT_ERROR, "KEY tbl has been use out!\r\n");
+        NP_TRACE_AT(stWhere, NP_M_PRICAM, NP_PRINT_ERROR, "KEY tbl has been use out!\r\n");
         return NP_ERR_TABLE_FULL;
     }
     return ulReturn;
@@ -280,26 +285,28 @@ void Np_Tarn_PriCam_NewKeySoftInfo_Save(const NpPriCamEntryInfo *pstPriCamEntryI
 uint32_t Np_Placement_Set(const NpPriCamStore *pstStore,
                           const NpPriCamEntryInfo *pstPriCamEntryInfo,
                           const NpPriCamSoftInfo *pstPriCamSoftInfo,
-                          const NpKeyMaskAdInfo *pstKeyMaskAdInfo)
+                          const NpKeyMaskAdInfo *pstKeyMaskAdInfo, NpWhere stWhere)
 {
     if (Np_AnyNull(pstPriCamEntryInfo, pstPriCamSoftInfo) || pstKeyMaskAdInfo == nullptr ||
         pstKeyMaskAdInfo->pvKey == nullptr || pstKeyMaskAdInfo->pvMask == nullptr ||
         pstKeyMaskAdInfo->pvAd == nullptr) {
-        NP_TRACE(NP_M_PRICAM, NP_PRINT_ERROR, "Para null ptr\r\n");
+        NP_TRACE_AT(stWhere, NP_M_PRICAM, NP_PRINT_ERROR, "Para null ptr\r\n");
         return NP_ERR_NULL_PTR;
     }
     uint32_t ulOffset = pstPriCamSoftInfo->pstKeyInfo[pstPriCamEntryInfo->ulKeyID].ulCamEntry;
     const uint32_t ulNew = ulOffset == NP_PRICAM_NONE ? 1 : 0;
     uint32_t ulReturn = NP_OK;
     if (ulNew != 0) {
-        ulReturn = Np_Placement_Assign(pstStore, pstPriCamEntryInfo, pstPriCamSoftInfo, &ulOffset);
+        ulReturn = Np_Placement_Assign(pstStore, pstPriCamEntryInfo, pstPriCamSoftInfo, &ulOffset,
+                                       stWhere);
         if (ulReturn != NP_OK) {
             return ulReturn;
         }
     }
     ulReturn = pstStore->pfnWrite(pstStore, ulOffset, pstKeyMaskAdInfo);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_PRICAM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_PRICAM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n",
+                    ulReturn);
         return ulReturn;
     }
     Np_Tarn_PriCam_NewKeySoftInfo_Save(pstPriCamEntryInfo, pstPriCamSoftInfo, ulOffset, ulNew);
@@ -308,22 +315,23 @@ uint32_t Np_Placement_Set(const NpPriCamStore *pstStore,
 
 uint32_t Np_Placement_Del(const NpPriCamStore *pstStore,
                           const NpPriCamEntryInfo *pstPriCamEntryInfo,
-                          const NpPriCamSoftInfo *pstPriCamSoftInfo)
+                          const NpPriCamSoftInfo *pstPriCamSoftInfo, NpWhere stWhere)
 {
     if (Np_AnyNull(pstPriCamEntryInfo, pstPriCamSoftInfo)) {
-        NP_TRACE(NP_M_PRICAM, NP_PRINT_ERROR, "Para null ptr\r\n");
+        NP_TRACE_AT(stWhere, NP_M_PRICAM, NP_PRINT_ERROR, "Para null ptr\r\n");
         return NP_ERR_NULL_PTR;
     }
     NpPriCamKeyInfo *pstKey = &pstPriCamSoftInfo->pstKeyInfo[pstPriCamEntryInfo->ulKeyID];
     const uint32_t ulOffset = pstKey->ulCamEntry;
     if (ulOffset == NP_PRICAM_NONE) {
-        NP_TRACE(NP_M_PRICAM, NP_PRINT_ERROR, "Delete invalid Key entry! ulKeyID=0x%08x\r\n",
-                 pstPriCamEntryInfo->ulKeyID);
+        NP_TRACE_AT(stWhere, NP_M_PRICAM, NP_PRINT_ERROR,
+                    "Delete invalid Key entry! ulKeyID=0x%08x\r\n", pstPriCamEntryInfo->ulKeyID);
         return NP_OK;
     }
     uint32_t ulReturn = pstStore->pfnDelete(pstStore, ulOffset);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_PRICAM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_PRICAM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n",
+                    ulReturn);
         return ulReturn;
     }
     pstKey->ulCamEntry = NP_PRICAM_NONE;
@@ -332,7 +340,7 @@ uint32_t Np_Placement_Del(const NpPriCamStore *pstStore,
     NpPriBlockPoint *pstPoint = &pstPriCamSoftInfo->pstPriPoint[pstKey->ulPri];
     const uint32_t ulLowest = pstPoint->ulTopPoint + 1;
     if (ulLowest != ulOffset) {
-        ulReturn = Np_RuleMove(pstStore, pstPriCamSoftInfo, ulLowest, ulOffset);
+        ulReturn = Np_RuleMove(pstStore, pstPriCamSoftInfo, ulLowest, ulOffset, stWhere);
         if (ulReturn != NP_OK) {
             return ulReturn;
         }

@@ -10,6 +10,7 @@
 #pragma once
 
 #include "ldsdk/init.h"
+#include "sdk/frame/base/trace.h"
 
 #include <cstdint>
 
@@ -75,14 +76,15 @@ extern "C" {
 uint32_t Np_Placement_Set(const NpPriCamStore *pstStore,
                           const NpPriCamEntryInfo *pstPriCamEntryInfo,
                           const NpPriCamSoftInfo *pstPriCamSoftInfo,
-                          const NpKeyMaskAdInfo *pstKeyMaskAdInfo);
+                          const NpKeyMaskAdInfo *pstKeyMaskAdInfo, NpWhere stWhere = Np_Here());
 uint32_t Np_Placement_Del(const NpPriCamStore *pstStore,
                           const NpPriCamEntryInfo *pstPriCamEntryInfo,
-                          const NpPriCamSoftInfo *pstPriCamSoftInfo);
+                          const NpPriCamSoftInfo *pstPriCamSoftInfo, NpWhere stWhere = Np_Here());
 // Finds an offset for a new rule and makes room there, as the three searches below in turn do.
 uint32_t Np_Placement_Assign(const NpPriCamStore *pstStore,
                              const NpPriCamEntryInfo *pstPriCamEntryInfo,
-                             const NpPriCamSoftInfo *pstPriCamSoftInfo, uint32_t *pulFreeTcamEntry);
+                             const NpPriCamSoftInfo *pstPriCamSoftInfo, uint32_t *pulFreeTcamEntry,
+                             NpWhere stWhere = Np_Here());
 
 // The next offset of the priority's own block. Pushes empty blocks that sit on it down. NP_ERR_FAIL
 // when there is none.
@@ -111,6 +113,7 @@ void Np_Tarn_PriCam_NewKeySoftInfo_Save(const NpPriCamEntryInfo *pstPriCamEntryI
 
 // Lays ulMaxPriNum blocks out over offsets 0 to ulTcamMaxEntry. See Np_Tarn_PriCam_BlockAssign.
 uint32_t Np_Placement_Layout(uint32_t ulChipID, uint32_t ulTcamMaxEntry,
-                             const NpPriBlock *pstPriBlockInfo, NpPriBlockPoint *pstPriBlockPoint);
+                             const NpPriBlock *pstPriBlockInfo, NpPriBlockPoint *pstPriBlockPoint,
+                             NpWhere stWhere = Np_Here());
 
 }  // extern "C"

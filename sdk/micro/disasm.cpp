@@ -1,6 +1,6 @@
 #include "sdk/micro/disasm.h"
 
-#include "sdk/frame/text.h"
+#include "sdk/frame/base/text.h"
 #include "sdk/micro/group.h"
 
 constexpr AtomRegAlias reg_name_alias[ATOM_ALIAS_NUM] = {

@@ -1,7 +1,7 @@
 #include "sdk/micro/group.h"
 
 #include "ldsdk/status.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/trace.h"
 
 constinit const uint32_t g_ulNopOpcodeH32 = 0xca003df9;
 constinit const uint32_t g_ulRnopOpcodeH32 = 0xfc000000;
@@ -43,9 +43,9 @@ inline constexpr uint32_t NP_ECC_CODE_SHIFT = 23;
 inline constexpr uint32_t NP_ECC_TOP_CODE_SHIFT = 18;
 inline constexpr uint32_t NP_INSTR_TOP_SHIFT = 6;  // the top two bits in an instruction's top byte
 
-uint32_t Np_NullPtr(void)
+uint32_t Np_NullPtr(NpWhere stWhere = Np_Here())
 {
-    NP_TRACE(NP_M_ATOM, NP_PRINT_ERROR, "Para null ptr\r\n");
+    NP_TRACE_AT(stWhere, NP_M_ATOM, NP_PRINT_ERROR, "Para null ptr\r\n");
     return NP_ERR_NULL_PTR;
 }
 

@@ -3,10 +3,10 @@
 #include "platform/driver.h"
 #include "platform/os.h"
 #include "sdk/access/bus.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/micro/thread.h"
 
 constinit NpMicroInfo g_stNpMicroInfo[NP_CHIP_NUM] = {};
@@ -19,9 +19,15 @@ constexpr uint32_t g_aulFreeThCntReg[] = {0x7810016c, 0x78100168, 0x78100164, 0x
 inline constexpr uint32_t NP_FREE_TH_CNT_OLD_REG = 0x78100020;  // one byte for each feed
 inline constexpr uint32_t NP_FREE_TH_CNT_MASK = 63;
 
-uint8_t *Np_ImageAt(uint32_t ulAddress)
+// The bytes behind an address word of an image that the load under way keeps in its place. Null
+// when the board has taken it away since.
+uint8_t *Np_ImageAt(uint32_t ulAddress, uint32_t ulLength)
 {
-    return reinterpret_cast<uint8_t *>(static_cast<uintptr_t>(ulAddress));
+    void *pvImage = Os_ImageGet(ulAddress, ulLength, false);
+    if (pvImage != nullptr) {
+        Os_ImagePut(ulAddress);
+    }
+    return static_cast<uint8_t *>(pvImage);
 }
 
 void Np_VersionTake(uint32_t ulChipID, const uint8_t *pucTrailer)
@@ -62,55 +68,61 @@ void Np_ImageSwap(uint8_t *pucImage, uint32_t ulLength)
 }
 
 // A driver's failure: recorded, traced, handed on as ulReturn.
-#define NP_DRIVER_FAILED(pszText, ulCode)                     \
-    do {                                                      \
-        Np_RecordErrInfo(ulChipID, ulCode, 0);                \
-        NP_TRACE(NP_M_ATOM, NP_PRINT_ERROR, pszText, ulCode); \
+#define NP_DRIVER_FAILED_AT(stWhere, pszText, ulCode)                     \
+    do {                                                                  \
+        Np_RecordErrInfo(ulChipID, ulCode, 0);                            \
+        NP_TRACE_AT(stWhere, NP_M_ATOM, NP_PRINT_ERROR, pszText, ulCode); \
     } while (0)
+#define NP_DRIVER_FAILED(pszText, ulCode) NP_DRIVER_FAILED_AT(Np_Here(), pszText, ulCode)
 
 // A section, with its length at least ulMin.
 uint32_t Np_SectionGet(uint32_t ulChipID, uint32_t ulBinDescCode, uint32_t ulMin,
-                       uint8_t **ppucData, uint32_t *pulLen)
+                       uint8_t **ppucData, uint32_t *pulLen, NpWhere stWhere = Np_Here())
 {
     uint32_t ulAddr = 0;
     uint32_t ulReturn = Np_Tarn_LOAD_FileInfoGet(ulChipID, ulBinDescCode, &ulAddr, pulLen);
-    if (ulReturn == NP_OK && *pulLen < ulMin) {
-        ulReturn = NP_ERR_NOT_EXIST;
+    if (ulReturn == NP_OK) {
+        *ppucData = Np_ImageAt(ulAddr, *pulLen);
+        if (*pulLen < ulMin || *ppucData == nullptr) {
+            ulReturn = NP_ERR_NOT_EXIST;
+        }
     }
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_ATOM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_ATOM, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
         return ulReturn;
     }
     Np_Tarn_LOAD_DebugTrace(NP_M_ATOM, NP_PRINT_DEBUG, ulBinDescCode, ulAddr, *pulLen);
-    *ppucData = Np_ImageAt(ulAddr);
     return NP_OK;
 }
 
-uint32_t Np_AtomConfigSet(uint32_t ulChipID, uint32_t ulAtomID, const NpMicroConfig &stConfig)
+uint32_t Np_AtomConfigSet(uint32_t ulChipID, uint32_t ulAtomID, const NpMicroConfig &stConfig,
+                          NpWhere stWhere = Np_Here())
 {
     uint32_t ulReturn = Qd_ATOM_MaxPCSet(ulChipID, ulAtomID, stConfig.ulMaxPC);
     if (ulReturn != NP_OK) {
-        NP_DRIVER_FAILED("Qd_ATOM_MaxPCSet failed ulReturn = 0x%08x \r\n", ulReturn);
+        NP_DRIVER_FAILED_AT(stWhere, "Qd_ATOM_MaxPCSet failed ulReturn = 0x%08x \r\n", ulReturn);
         return ulReturn;
     }
     ulReturn = Qd_ATOM_ExceptionPcSet(ulChipID, ulAtomID, stConfig.ulExcepPC);
     if (ulReturn != NP_OK) {
-        NP_DRIVER_FAILED("Qd_ATOM_ExceptionPcSet failed ulReturn = 0x%08x \r\n", ulReturn);
+        NP_DRIVER_FAILED_AT(stWhere, "Qd_ATOM_ExceptionPcSet failed ulReturn = 0x%08x \r\n",
+                            ulReturn);
         return ulReturn;
     }
     ulReturn = Np_Micro_ThreadWalk([&](uint32_t ulNpuID, uint32_t ulThreadID) {
         return Qd_ATOM_ThreadNextPCSet(ulChipID, ulAtomID, ulNpuID, ulThreadID, stConfig.ulStartPC);
     });
     if (ulReturn != NP_OK) {
-        NP_DRIVER_FAILED("Qd_ATOM_ThreadNextPCSet failed ulReturn = 0x%08x \r\n", ulReturn);
+        NP_DRIVER_FAILED_AT(stWhere, "Qd_ATOM_ThreadNextPCSet failed ulReturn = 0x%08x \r\n",
+                            ulReturn);
     }
     return ulReturn;
 }
 
-uint32_t Np_SectionMissing(uint32_t ulBinDescCode)
+uint32_t Np_SectionMissing(uint32_t ulBinDescCode, NpWhere stWhere = Np_Here())
 {
-    NP_TRACE(NP_M_ATOM, NP_PRINT_TRACE, "\r\n error, desc code not exit, ulBinDescCode = 0x%08x ",
-             ulBinDescCode);
+    NP_TRACE_AT(stWhere, NP_M_ATOM, NP_PRINT_TRACE,
+                "\r\n error, desc code not exit, ulBinDescCode = 0x%08x ", ulBinDescCode);
     return NP_ERR_NOT_EXIST;
 }
 
@@ -149,14 +161,16 @@ uint32_t Np_Tarn_LOAD_FileInfoGet(uint32_t ulChipID, uint32_t ulBinDescCode, uin
     uint32_t ulAddress = 0;
     uint32_t ulLength = 0;
     Np_Tarn_LOAD_AddrConfigGet(ulChipID, &ulAddress, &ulLength);
+    const uint8_t *pucImage = Np_ImageAt(ulAddress, ulLength);
     for (uint32_t i = 0; i < NP_MICRO_SECTION_WALK; i++) {
         // The table itself may run out of a damaged image.
         NpMicroSection stSection;
         const uint32_t ulAt = i * sizeof(stSection);
-        if (ulLength < sizeof(stSection) || ulAt > ulLength - sizeof(stSection)) {
+        if (pucImage == nullptr || ulLength < sizeof(stSection) ||
+            ulAt > ulLength - sizeof(stSection)) {
             break;
         }
-        memcpy(&stSection, Np_ImageAt(ulAddress) + ulAt, sizeof(stSection));
+        memcpy(&stSection, pucImage + ulAt, sizeof(stSection));
         if (stSection.ulBinDescCode == NP_MICRO_END) {
             NP_TRACE(NP_M_ATOM, NP_PRINT_ERROR,
                      "\r\n error, desc code not exit, find out invalid section type");
@@ -284,22 +298,29 @@ uint32_t Np_Tarn_Micro_Load(uint32_t ulChipID, const NpMicroLoad *pstLoad)
         NP_TRACE(NP_M_ATOM, NP_PRINT_ERROR, "Para null ptr\r\n");
         return NP_ERR_NULL_PTR;
     }
+    const uint32_t ulAddress = pstLoad->ulAddress;
     const uint32_t ulLength = pstLoad->ulLength;
-    uint8_t *pucImage = Np_ImageAt(pstLoad->ulAddress);
+    auto *pucImage = static_cast<uint8_t *>(Os_ImageGet(ulAddress, ulLength, false));
+    if (pucImage == nullptr) {
+        NP_TRACE(NP_M_ATOM, NP_PRINT_ERROR, "param error! ulAddress=0x%08x\r\n", ulAddress);
+        return NP_ERR_ADDRESS;
+    }
     memset(&g_stNpMicroVersion[ulChipID], 0, sizeof(g_stNpMicroVersion[ulChipID]));
     if (ulLength >= NP_MICRO_TRAILER_SIZE) {
         Np_VersionTake(ulChipID, pucImage + (ulLength - NP_MICRO_TRAILER_SIZE));
     }
     Np_ImageSwap(pucImage, ulLength);
-    uint32_t ulReturn = Np_Tarn_LOAD_AddrConfigSet(ulChipID, pstLoad->ulAddress, ulLength);
+    uint32_t ulReturn = Np_Tarn_LOAD_AddrConfigSet(ulChipID, ulAddress, ulLength);
     if (ulReturn != NP_OK) {
         Os_Print("\n\r Np_Tarn_NpLoad AddrConfigSetfail ! ulReturn = 0x%x ", ulReturn);
-        return ulReturn;
     }
-    ulReturn = Np_Tarn_LOAD_MicroFileLoad(ulChipID);
-    if (ulReturn != NP_OK) {
-        Os_Print("\n\r Np_Tarn_NpLoad load fail ! ulReturn = 0x%x ", ulReturn);
+    else {
+        ulReturn = Np_Tarn_LOAD_MicroFileLoad(ulChipID);
+        if (ulReturn != NP_OK) {
+            Os_Print("\n\r Np_Tarn_NpLoad load fail ! ulReturn = 0x%x ", ulReturn);
+        }
     }
+    Os_ImagePut(ulAddress);
     return ulReturn;
 }
 

@@ -4,9 +4,9 @@
 #include "ldsdk/micro.h"
 #include "platform/driver.h"
 #include "platform/os.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/micro/thread.h"
 
 namespace {
@@ -127,24 +127,25 @@ uint32_t Np_ThreadsAwait(const NpOnlineLoad &stRun)
     }
 }
 
-uint32_t Np_ImageReplace(uint32_t ulChipID, const NpMicroLoad *pstLoad)
+uint32_t Np_ImageReplace(uint32_t ulChipID, const NpMicroLoad *pstLoad, NpWhere stWhere = Np_Here())
 {
     uint32_t ulReturn = Np_Tarn_Micro_Load(ulChipID, pstLoad);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_ATOM, NP_PRINT_ERROR, "Np_Tarn_Micro_Load error return: 0x%08x \r\n",
-                 ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_ATOM, NP_PRINT_ERROR,
+                    "Np_Tarn_Micro_Load error return: 0x%08x \r\n", ulReturn);
         return ulReturn;
     }
     ulReturn = Np_LOAD_PbaFreeThCntSet(ulChipID, 0);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_ATOM, NP_PRINT_ERROR,
-                 "Np_Tarn_LOAD_PbaFreeThCntSet error return: 0x%08x \r\n", ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_ATOM, NP_PRINT_ERROR,
+                    "Np_Tarn_LOAD_PbaFreeThCntSet error return: 0x%08x \r\n", ulReturn);
     }
     return ulReturn;
 }
 
 // The steps that run with interrupts masked.
-uint32_t Np_OnlineLoadRun(const NpOnlineLoad &stRun, const NpMicroLoad *pstLoad)
+uint32_t Np_OnlineLoadRun(const NpOnlineLoad &stRun, const NpMicroLoad *pstLoad,
+                          NpWhere stWhere = Np_Here())
 {
     uint32_t ulReturn = Np_AtomModesSet(stRun, QD_PBA_MODE_ONLINE_PULL, "pull");
     if (ulReturn != NP_OK) {
@@ -158,7 +159,7 @@ uint32_t Np_OnlineLoadRun(const NpOnlineLoad &stRun, const NpMicroLoad *pstLoad)
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    ulReturn = Np_ImageReplace(stRun.ulChipID, pstLoad);
+    ulReturn = Np_ImageReplace(stRun.ulChipID, pstLoad, stWhere);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }

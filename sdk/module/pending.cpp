@@ -1,5 +1,5 @@
 // Answers for the handlers that have no function of their own yet.
-#include "sdk/module/smd.h"
+#include "sdk/module/cli/smd.h"
 #include "sdk/module/tree.h"
 
 static uint32_t Np_SMD_Pending(void)

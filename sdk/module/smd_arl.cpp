@@ -6,9 +6,9 @@
 #include "ldsdk/status.h"
 #include "platform/os.h"
 #include "sdk/cpuchan/message.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/frame/registry.h"
-#include "sdk/frame/trace.h"
-#include "sdk/module/smd.h"
+#include "sdk/module/cli/smd.h"
 #include "sdk/module/smd_row.h"
 #include "sdk/module/tree.h"
 #include "sdk/record/describe.h"
@@ -38,34 +38,6 @@ constexpr NpField g_astField[] = {
     NP_F(ulIntfID),
 };
 }  // namespace uvmac
-
-namespace normal_para {
-using R = ArlAgeInfo;
-constexpr NpField g_astField[] = {
-    NP_F(ageclass), NP_F(basetime),  NP_F(startsessionid), NP_F(endsessionid),
-    NP_F(number),   NP_F(threshold), NP_F(interval),       NP_F(ack),
-};
-constexpr NpCheck g_astCheck[] = {
-    NP_C(ageclass, Np_Range(1, 14)),       NP_C(basetime, Np_Range(1, INT32_MAX)),
-    NP_C(startsessionid, Np_Most(0xffff)), NP_C(endsessionid, Np_Most(0xffff)),
-    NP_C(number, Np_Most(0xffff)),         NP_C(threshold, Np_Most(INT32_MAX)),
-    NP_C(interval, Np_Most(0xff)),         NP_C(ack, Np_Most(1)),
-};
-}  // namespace normal_para
-
-namespace force_para {
-using R = ArlAgeInfo;
-constexpr NpField g_astField[] = {
-    NP_F(startsessionid), NP_F(endsessionid), NP_F(number), NP_F(interval), NP_F(ack),
-};
-constexpr NpCheck g_astCheck[] = {
-    NP_C(startsessionid, Np_Most(0xffff)),
-    NP_C(endsessionid, Np_Most(0xffff)),
-    NP_C(number, Np_Most(0xffff)),
-    NP_C(interval, Np_Most(0xff)),
-    NP_C(ack, Np_Most(1)),
-};
-}  // namespace force_para
 
 // The exported functions of one of the two tables, on plain memory.
 struct NpMacApi {
@@ -218,12 +190,6 @@ uint32_t Np_MacDelByIndex(const NpMacApi &stApi)
 constexpr NpRow g_stArlInfoRow =
     Np_RowMake<NpArlInfo>({.ucModule = NP_M_ARL}, info::g_astField, {});
 constexpr NpRow g_stUvmacRow = Np_RowMake<NpUvmac>({.ucModule = NP_M_ARL}, uvmac::g_astField, {});
-constexpr NpRow g_stNormalAgeParaArgs =
-    Np_RowMake<ArlAgeInfo>({.ucModule = NP_M_ARL, .pszArg = "pstArlAgeInfo"},
-                           normal_para::g_astField, normal_para::g_astCheck);
-constexpr NpRow g_stForceAgeParaArgs =
-    Np_RowMake<ArlAgeInfo>({.ucModule = NP_M_ARL, .pszArg = "pstArlAgeInfo"},
-                           force_para::g_astField, force_para::g_astCheck);
 
 uint32_t Np_SMD_ARL_ArlTbl_Add(void)
 {
@@ -304,13 +270,10 @@ uint32_t Np_SMD_ARL_DynamicArlLrn(void)
 uint32_t Np_SMD_ARL_DynamicArlLrnStateGet(void)
 {
     static constexpr NpRowCommand stCommand = {
-        Np_SMD_ARL_DynamicArlLrnStateGet,
-        NP_FORM_GET,
-        &g_stLearnStateTable,
-        nullptr,
-        nullptr,
-        Np_SMD_RowCall<Np_ArlTbl_DynamicArlLrnStateTbl_Get, NpDynamicLrnState>,
-        nullptr};
+        .pfnHandler = Np_SMD_ARL_DynamicArlLrnStateGet,
+        .enForm = NP_FORM_GET,
+        .pstTable = &g_stLearnStateTable,
+        .pfnGet = Np_GetCall<Np_ArlTbl_DynamicArlLrnStateTbl_Get>};
     return Np_SMD_RowGet(&stCommand);
 }
 
@@ -372,7 +335,7 @@ namespace {
 // An age request whose message is changed by hand before it goes out: the request's own pairs, then
 // those of the message.
 template <typename Request, auto pfnCheck, auto pfnBuild, auto pfnSet>
-uint32_t Np_AgePara(const NpRow *pstRequest, const NpRow *pstPara)
+uint32_t Np_AgePara(const NpRow *pstRequest, const NpRow *pstPara, NpWhere stWhere = Np_Here())
 {
     Request stAge = {};
     if (Np_SMD_RowScan(pstRequest, &stAge, true) != 0) {
@@ -392,7 +355,7 @@ uint32_t Np_AgePara(const NpRow *pstRequest, const NpRow *pstPara)
     if (Np_SMD_RowScan(pstPara, &stInfo, false) != 0 || Np_SMD_EndCheck() != 0) {
         return 1;
     }
-    ulReturn = Np_Row_Check(pstPara, g_ulNpCurrentChipID, &stInfo);
+    ulReturn = Np_Row_Check(pstPara, g_ulNpCurrentChipID, &stInfo, stWhere);
     if (ulReturn == NP_OK) {
         ulReturn = pfnSet(g_ulNpCurrentChipID, &stInfo);
     }
@@ -405,13 +368,13 @@ uint32_t Np_SMD_ARL_ArlTbl_NormalAge_Para(void)
 {
     return Np_AgePara<NpNormalAge, Np_Tarn_Arl_NormalAgeInfoCheck,
                       Np_Tarn_CputrMsg_NormalAgeInfoBuild, Np_Tarn_CputrMsg_NormalAgeInfoSet>(
-        &g_stNormalAgeRow, &g_stNormalAgeParaArgs);
+        &g_stNormalAgeRow, &g_stNpNormalAgeMsgRow);
 }
 
 uint32_t Np_SMD_ARL_ArlTbl_ForceAge_Para(void)
 {
     return Np_AgePara<NpForceAge, Np_Tarn_Arl_ForceAgeInfoCheck, Np_Tarn_CputrMsg_ForceAgeInfoBuild,
-                      Np_Tarn_CputrMsg_ForceAgeInfoSet>(&g_stForceAgeRow, &g_stForceAgeParaArgs);
+                      Np_Tarn_CputrMsg_ForceAgeInfoSet>(&g_stForceAgeRow, &g_stNpForceAgeMsgRow);
 }
 
 // ---- user MACs ----------------------------------------------------------------------------------

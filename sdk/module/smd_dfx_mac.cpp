@@ -1,10 +1,10 @@
 // Walks over the MAC table and the LAN MAC table: count, show and delete what they hold.
 #include "ldsdk/status.h"
 #include "platform/os.h"
+#include "sdk/frame/base/service.h"
 #include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
 #include "sdk/lookup/eml.h"
-#include "sdk/module/smd.h"
+#include "sdk/module/cli/smd.h"
 #include "sdk/module/tree.h"
 #include "sdk/tables/arl.h"
 

@@ -2,31 +2,28 @@
 #include "ldsdk/micro.h"
 #include "platform/os.h"
 #include "sdk/frame/registry.h"
-#include "sdk/module/cli.h"
-#include "sdk/module/smd.h"
+#include "sdk/module/cli/cli.h"
+#include "sdk/module/cli/smd.h"
+#include "sdk/module/smd_row.h"
+#include "sdk/module/smd_rows.h"
 #include "sdk/module/tree.h"
-
-namespace {
-
-enum NpAtomLoadItem : uint32_t { NP_LOAD_ADDR, NP_LOAD_LEN };
-
-constexpr NpSmdKeyItem g_astLoadItem[] = {
-    {1, NP_SMD_NUMBER, 0, "addr", 0, -1},
-    {2, NP_SMD_NUMBER, 0, "len", 0, -1},
-};
-constexpr NpSmdKeyTable g_stLoadTable = {g_astLoadItem, 2, nullptr, 0};
-
-}  // namespace
 
 uint32_t Np_SMD_ATOM_Load(void)
 {
     NpMicroLoad stLoad = {};
-    if (Np_SMD_PairGet(NP_LOAD_ADDR, &stLoad.ulAddress, &g_stLoadTable) != 0 ||
-        Np_SMD_PairGet(NP_LOAD_LEN, &stLoad.ulLength, &g_stLoadTable) != 0 ||
-        Np_SMD_EndCheck() != 0) {
+    if (Np_SMD_RowScan(&g_stMicroLoadArgs, &stLoad, true) != 0 || Np_SMD_EndCheck() != 0) {
         return 1;
     }
-    const uint32_t ulReturn = Np_Micro_Load(g_ulNpCurrentChipID, &stLoad);
+    // The words of a line may name anything, and the load would write there.
+    uint32_t ulReturn = NP_ERR_ADDRESS;
+    if (Os_ImageGet(stLoad.ulAddress, stLoad.ulLength, true) != nullptr) {
+        ulReturn = Np_Micro_Load(g_ulNpCurrentChipID, &stLoad);
+        Os_ImagePut(stLoad.ulAddress);
+    }
+    else {
+        Os_Print("\n\r No image of %u bytes is registered at 0x%08x!", stLoad.ulLength,
+                 stLoad.ulAddress);
+    }
     if (ulReturn != NP_OK) {
         Np_PUB_SMD_PrintReturnValue(ulReturn);
         Np_PUB_SMD_ReturnValue(NP_SMD_ERROR);

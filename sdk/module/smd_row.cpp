@@ -2,10 +2,11 @@
 
 #include "ldsdk/ldsdk.h"
 #include "platform/os.h"
-#include "sdk/frame/text.h"
-#include "sdk/module/smd.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/module/cli/smd.h"
+#include "sdk/module/command_list.h"
 #include "sdk/module/tree.h"
-#include "sdk/record/list.h"
+#include "sdk/tables/list.h"
 
 namespace {
 
@@ -108,22 +109,41 @@ bool Np_OwnMatches(const NpField *pstField, const char *pszWord, uint32_t *pulEl
 
 bool Np_FieldIsAsked(const NpField *pstField, const void *pvRecord)
 {
-    return !pstField->bHidden && Np_Row_IsThere(pstField->stWhen, pvRecord);
+    return !pstField->bHidden && (pstField->bFree || Np_Row_IsThere(pstField->pstWhen, pvRecord));
 }
 
-// Range of a number: its check's, or what the field or its piece of the image holds.
-void Np_ItemRange(const NpRow *pstRow, const NpField *pstField, NpSmdKeyItem *pstItem)
+// The field's selector that its parameter is read behind, or null if it is a parameter of its own.
+const NpWhen *Np_Selector(const NpField *pstField)
+{
+    return pstField->bFree ? nullptr : pstField->pstWhen;
+}
+
+bool Np_IsSelectedBy(const NpField *pstField, const NpField *pstSelector)
+{
+    const NpWhen *pstWhen = Np_Selector(pstField);
+    return pstWhen != nullptr && pstWhen->usOffset == pstSelector->usOffset &&
+           !Np_Row_Excludes(pstWhen, pstSelector->pstWhen);  // of a union, another member
+}
+
+// Range of a number: its check's, of several the one that holds for the record, or what the field
+// or its piece of the image holds.
+void Np_ItemRange(const NpRow *pstRow, const NpField *pstField, const void *pvRecord,
+                  NpSmdKeyItem *pstItem)
 {
     if (pstField->ucType == NP_SMD_DATA) {
         pstItem->lMax = pstField->usCount;
         return;
     }
-    const NpCheck *pstCheck = Np_Row_FieldCheck(pstRow, pstField);
+    const NpCheck *pstCheck = Np_Row_FieldCheck(pstRow, pstField, pvRecord);
     if (pstCheck != nullptr) {
-        pstItem->lMin = static_cast<int32_t>(pstCheck->stLimit.ulMin);
-        pstItem->lMax = pstField->usShownMax != 0
-                            ? static_cast<int32_t>(pstField->usShownMax)
-                            : static_cast<int32_t>(Np_Row_LimitMax(&pstCheck->stLimit));
+        pstItem->lMin = static_cast<int32_t>(Np_Row_LimitMin(&pstCheck->stLimit));
+    }
+    if (pstField->usShownMax != 0) {
+        pstItem->lMax = static_cast<int32_t>(pstField->usShownMax);
+        return;
+    }
+    if (pstCheck != nullptr) {
+        pstItem->lMax = static_cast<int32_t>(Np_Row_LimitMax(&pstCheck->stLimit));
         return;
     }
     const uint32_t ulBits = pstField->bCut         ? pstField->ucWidth
@@ -133,13 +153,13 @@ void Np_ItemRange(const NpRow *pstRow, const NpField *pstField, NpSmdKeyItem *ps
 }
 
 void Np_ItemFill(const NpRow *pstRow, const NpField *pstField, uint32_t ulElement,
-                 NpSmdKeyItem *pstItem)
+                 const void *pvRecord, NpSmdKeyItem *pstItem)
 {
     pstItem->ulKeyID = 0;
     pstItem->ulType = pstField->ucType;
     pstItem->ulPromptNo = 0;
     pstItem->lMin = 0;
-    Np_ItemRange(pstRow, pstField, pstItem);
+    Np_ItemRange(pstRow, pstField, pvRecord, pstItem);
     if (Np_IsIndexed(pstField)) {
         Os_Format(pstItem->szName, sizeof(pstItem->szName), "%s%u", pstField->pszKey, ulElement);
         return;
@@ -164,12 +184,15 @@ uint32_t Np_ValueScan(const NpRow *pstRow, NpParamAt stParam, void *pvRecord)
 {
     const NpField *pstField = stParam.pstField;
     NpSmdKeyItem stItem;
-    Np_ItemFill(pstRow, pstField, stParam.ulElement, &stItem);
+    Np_ItemFill(pstRow, pstField, stParam.ulElement, pvRecord, &stItem);
     stItem.ulType = Np_ScanType(stItem.ulType);
     const NpSmdKeyTable stTable = {&stItem, 1, pstField->pstWord, pstField->ucWordNum};
     if (!Np_IsNumber(stItem.ulType)) {
-        return Np_PUB_SMD_Scanf(0, static_cast<uint8_t *>(pvRecord) + pstField->usOffset, &stTable,
-                                0);
+        void *pvAt = static_cast<uint8_t *>(pvRecord) + pstField->usOffset;
+        if (pstField->bFar) {
+            __builtin_memcpy(&pvAt, pvAt, sizeof(pvAt));
+        }
+        return Np_PUB_SMD_Scanf(0, pvAt, &stTable, 0);
     }
     uint32_t ulValue = 0;
     if (Np_PUB_SMD_Scanf(0, &ulValue, &stTable, 0) != 0) {
@@ -188,7 +211,7 @@ void Np_SelectedClear(const NpRow *pstRow, const NpField *pstSelector, void *pvR
 {
     for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
         const NpField *pstField = &pstRow->pstField[i];
-        if (pstField->stWhen.ulMask != 0 && pstField->stWhen.usOffset == pstSelector->usOffset) {
+        if (Np_IsSelectedBy(pstField, pstSelector)) {
             memset(static_cast<uint8_t *>(pvRecord) + pstField->usOffset, 0,
                    (pstField->usCount - 1u) * pstField->usStride + pstField->ucSize);
         }
@@ -204,6 +227,35 @@ uint32_t Np_ParamScan(const NpRow *pstRow, NpParamAt stParam, void *pvRecord)
     return 0;
 }
 
+// Reads a value that must lie in its range, or a text that must fit its field.
+uint32_t Np_BoundedScan(const NpRow *pstRow, const NpField *pstField, void *pvRecord,
+                        NpSmdBounds enBounds)
+{
+    NpSmdKeyItem stItem;
+    Np_ItemFill(pstRow, pstField, 0, pvRecord, &stItem);
+    uint32_t ulValue = 0;
+    if (enBounds == NP_BOUNDS_HELD) {
+        if (Np_SMD_Com_ValueParamGet(stItem.szName, stItem.lMin, stItem.lMax, &ulValue) != 0) {
+            return 1;
+        }
+        Np_Row_Store(pstField, 0, ulValue, pvRecord);
+        return 0;
+    }
+    char acPrompt[NP_SMD_NAME_SIZE + 1];
+    Os_Format(acPrompt, sizeof(acPrompt), " %s", stItem.szName);
+    if (stItem.ulType == NP_SMD_STRING) {
+        char *pszText = static_cast<char *>(pvRecord) + pstField->usOffset;
+        return CLI_CamGetParamString(acPrompt, acPrompt, 0, pszText, &ulValue, 1,
+                                     pstField->usCount - 2u);
+    }
+    if (CLI_CamGetParamULONG(acPrompt, acPrompt, 0, &ulValue, static_cast<uint32_t>(stItem.lMin),
+                             static_cast<uint32_t>(stItem.lMax)) != 0) {
+        return 1;
+    }
+    Np_Row_Store(pstField, 0, ulValue, pvRecord);
+    return 0;
+}
+
 // Reads a name, which must be the parameter's, and the value.
 uint32_t Np_PairScan(const NpRow *pstRow, NpParamAt stParam, void *pvRecord)
 {
@@ -216,7 +268,7 @@ uint32_t Np_PairScan(const NpRow *pstRow, NpParamAt stParam, void *pvRecord)
     }
     NpSmdKeyItem stItem;
     char acWord[NP_SMD_WORD_SIZE];
-    Np_ItemFill(pstRow, stParam.pstField, stParam.ulElement, &stItem);
+    Np_ItemFill(pstRow, stParam.pstField, stParam.ulElement, pvRecord, &stItem);
     if (Np_SMD_Com_StringParamGet(stItem.szName, stItem.szName, acWord) != 0) {
         return 1;
     }
@@ -228,8 +280,7 @@ uint32_t Np_SelectedScan(const NpRow *pstRow, const NpField *pstSelector, void *
 {
     for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
         const NpField *pstField = &pstRow->pstField[i];
-        if (pstField->stWhen.ulMask == 0 || pstField->stWhen.usOffset != pstSelector->usOffset ||
-            !Np_FieldIsAsked(pstField, pvRecord)) {
+        if (!Np_IsSelectedBy(pstField, pstSelector) || !Np_FieldIsAsked(pstField, pvRecord)) {
             continue;
         }
         for (uint32_t j = 0; j < Np_ParamNum(pstField); j++) {
@@ -261,7 +312,7 @@ bool Np_ParamFind(const NpRow *pstRow, const void *pvRecord, const char *pszWord
 // Parameters of a field in the menu: what a condition lets in is read behind its selector.
 uint32_t Np_MenuNum(const NpField *pstField)
 {
-    return pstField->stWhen.ulMask != 0 ? 0 : Np_ParamNum(pstField);
+    return Np_Selector(pstField) != nullptr ? 0 : Np_ParamNum(pstField);
 }
 
 // The parameter of the menu that a word names, or whose number it is.
@@ -296,7 +347,7 @@ uint32_t Np_RowMenu(const NpRow *pstRow)
     for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
         const NpField *pstField = &pstRow->pstField[i];
         for (uint32_t j = 0; j < Np_MenuNum(pstField); j++) {
-            Np_ItemFill(pstRow, pstField, j, &stItem);
+            Np_ItemFill(pstRow, pstField, j, nullptr, &stItem);
             stItem.ulPromptNo = ulBefore + 1;
             if (Np_SMD_MenuEntry(acEntry, sizeof(acEntry), ulBefore, &stItem) != 0) {
                 return 1;
@@ -312,7 +363,7 @@ void Np_ParamPrint(const NpRow *pstRow, const NpField *pstField, uint32_t ulElem
                    const void *pvRecord)
 {
     NpSmdKeyItem stItem;
-    Np_ItemFill(pstRow, pstField, ulElement, &stItem);
+    Np_ItemFill(pstRow, pstField, ulElement, pvRecord, &stItem);
     stItem.ulType = Np_ScanType(stItem.ulType);
     const NpSmdKeyTable stTable = {&stItem, 1, pstField->pstWord, pstField->ucWordNum};
     if (!Np_IsNumber(stItem.ulType)) {
@@ -324,79 +375,143 @@ void Np_ParamPrint(const NpRow *pstRow, const NpField *pstField, uint32_t ulElem
     Np_PUB_SMD_Print(0, &ulValue, &stTable, 0);
 }
 
-// Tells what selects a field, by the keyword of the selector.
-void Np_ParamCondition(const NpRow *pstRow, const NpField *pstField, NpSmdParam *pstParam)
+// What a condition asks, by the keyword of its selector.
+NpSmdOf Np_ParamOf(const NpRow *pstRow, const NpWhen *pstWhen)
 {
-    pstParam->pszOf = nullptr;
-    pstParam->ulOfMask = pstField->stWhen.ulMask;
-    for (uint32_t i = 0; i < pstRow->usFieldNum && pstParam->ulOfMask != 0; i++) {
-        if (pstRow->pstField[i].usOffset == pstField->stWhen.usOffset) {
-            pstParam->pszOf = pstRow->pstField[i].pszKey;
-            return;
+    NpSmdOf stOf = {};
+    for (uint32_t i = 0; pstWhen != nullptr && i < pstRow->usFieldNum; i++) {
+        const NpField *pstField = &pstRow->pstField[i];
+        if (pstField->usOffset == pstWhen->usOffset && !pstField->bHidden &&
+            pstField->ucSize != 0 && !Np_Row_Excludes(pstField->pstWhen, pstWhen->pstAnd)) {
+            stOf.pszOf = pstField->pszKey;
+            break;
         }
     }
+    for (uint32_t i = 0; stOf.pszOf != nullptr && i < 32; i++) {
+        stOf.ulMask |= static_cast<uint32_t>(Np_WhenTakes(*pstWhen, i)) << i;
+    }
+    stOf.ulRest = stOf.pszOf != nullptr && pstWhen->enTest != NP_TEST_ONE_OF ? 1 : 0;
+    return stOf;
+}
+
+// Tells what lets a field in, and what its range depends on.
+void Np_ParamCondition(const NpRow *pstRow, const NpField *pstField, NpSmdParam *pstParam)
+{
+    const NpWhen *pstWhen = Np_Selector(pstField);
+    pstParam->stOf = Np_ParamOf(pstRow, pstWhen);
+    pstParam->stAnd = Np_ParamOf(pstRow, pstWhen != nullptr ? pstWhen->pstAnd : nullptr);
+    const NpCheck *pstCheck;
+    uint32_t ulNum = 0;
+    for (; (pstCheck = Np_Row_FieldChecks(pstRow, pstField, ulNum)) != nullptr &&
+           ulNum < NP_SMD_RANGE_MAX;
+         ulNum++) {
+        pstParam->astRange[ulNum] = {static_cast<int32_t>(Np_Row_LimitMin(&pstCheck->stLimit)),
+                                     static_cast<int32_t>(Np_Row_LimitMax(&pstCheck->stLimit)),
+                                     Np_ParamOf(pstRow, pstCheck->pstWhen)};
+    }
+    pstParam->ulRangeNum = ulNum > 1 ? ulNum : 0;
 }
 
 // ---- the commands of the list -----------------------------------------------------------------
 
-#define NP_TABLE_ROW(stTable, Record, Wrapper, Handler, enForm)            \
-    constexpr NpRowCommand g_stCommand_##Handler##_Set = {                 \
-        Handler##_Set,                                                     \
-        enForm,                                                            \
-        &(stTable),                                                        \
-        nullptr,                                                           \
-        nullptr,                                                           \
-        Np_SMD_RowCall<Wrapper##_Get, Record>,                             \
-        Np_SMD_RowCall<Wrapper##_Set, const Record>};                      \
-    constexpr NpRowCommand g_stCommand_##Handler##_Get = {                 \
-        Handler##_Get, NP_FORM_GET, &(stTable),                            \
-        nullptr,       nullptr,     Np_SMD_RowCall<Wrapper##_Get, Record>, \
-        nullptr};
-#define NP_KEYED_ROW(stKey, Key, stRow, Record, Wrapper, Handler, enForm)         \
-    constexpr NpRowCommand g_stCommand_##Handler##_Set = {                        \
-        Handler##_Set,                                                            \
-        enForm,                                                                   \
-        nullptr,                                                                  \
-        &(stKey),                                                                 \
-        &(stRow),                                                                 \
-        Np_SMD_KeyedCall<Wrapper##_Get, Key, Record>,                             \
-        Np_SMD_KeyedCall<Wrapper##_Set, Key, const Record>};                      \
-    constexpr NpRowCommand g_stCommand_##Handler##_Get = {                        \
-        Handler##_Get, NP_FORM_GET, nullptr,                                      \
-        &(stKey),      &(stRow),    Np_SMD_KeyedCall<Wrapper##_Get, Key, Record>, \
-        nullptr};
-#define NP_COMMAND_ROW(Handler, enForm, pstKey, pstData)                               \
-    constexpr NpRowCommand g_stCommand_##Handler = {Handler, enForm,  nullptr, pstKey, \
-                                                    pstData, nullptr, nullptr};
-#include "sdk/record/list.h"
+#define NP_TABLE_ROW(stTable, pfnTableGet, pfnTableSet, pfnGetHandler, pfnSetHandler, enTheForm) \
+    constexpr NpRowCommand g_stCommand_##pfnSetHandler = {.pfnHandler = pfnSetHandler,           \
+                                                          .enForm = enTheForm,                   \
+                                                          .pstTable = &(stTable),                \
+                                                          .pfnGet = Np_GetCall<pfnTableGet>,     \
+                                                          .pfnSet = Np_SetCall<pfnTableSet>};    \
+    constexpr NpRowCommand g_stCommand_##pfnGetHandler = {.pfnHandler = pfnGetHandler,           \
+                                                          .enForm = NP_FORM_GET,                 \
+                                                          .pstTable = &(stTable),                \
+                                                          .pfnGet = Np_GetCall<pfnTableGet>};
+#define NP_PRI_ROW(stTable, pfnTableGet, pfnTableSet, pfnTableDel, pfnGetHandler, pfnSetHandler, \
+                   pfnDelHandler)                                                                \
+    constexpr NpRowCommand g_stCommand_##pfnSetHandler = {.pfnHandler = pfnSetHandler,           \
+                                                          .enForm = NP_FORM_LARGE,               \
+                                                          .pstPri = &(stTable),                  \
+                                                          .pfnGet = Np_GetCall<pfnTableGet>,     \
+                                                          .pfnSet = Np_SetCall<pfnTableSet>,     \
+                                                          .bNew = true};                         \
+    constexpr NpRowCommand g_stCommand_##pfnGetHandler = {.pfnHandler = pfnGetHandler,           \
+                                                          .enForm = NP_FORM_GET,                 \
+                                                          .pstPri = &(stTable),                  \
+                                                          .pfnGet = Np_GetCall<pfnTableGet>};    \
+    constexpr NpRowCommand g_stCommand_##pfnDelHandler = {.pfnHandler = pfnDelHandler,           \
+                                                          .enForm = NP_FORM_GET,                 \
+                                                          .pstPri = &(stTable),                  \
+                                                          .pfnDel = Np_KeyCallOf<pfnTableDel>};
+#define NP_ENTRY_ROW(pstKeyRow, pstDataRow, pfnRowGet, pfnRowSet, pfnGetHandler, pfnSetHandler) \
+    constexpr NpRowCommand g_stCommand_##pfnSetHandler = {.pfnHandler = pfnSetHandler,          \
+                                                          .enForm = NP_FORM_ENTRY,              \
+                                                          .pstKey = pstKeyRow,                  \
+                                                          .pstData = pstDataRow,                \
+                                                          .pfnGet = Np_GetCall<pfnRowGet>,      \
+                                                          .pfnSet = Np_SetCall<pfnRowSet>,      \
+                                                          .bNew = true};                        \
+    constexpr NpRowCommand g_stCommand_##pfnGetHandler = {.pfnHandler = pfnGetHandler,          \
+                                                          .enForm = NP_FORM_GET,                \
+                                                          .pstKey = pstKeyRow,                  \
+                                                          .pstData = pstDataRow,                \
+                                                          .pfnGet = Np_GetCall<pfnRowGet>};
+#define NP_ENTRY_DEL(pstKeyRow, pfnRowDel, pfnDelHandler)                              \
+    constexpr NpRowCommand g_stCommand_##pfnDelHandler = {.pfnHandler = pfnDelHandler, \
+                                                          .enForm = NP_FORM_PAIRS,     \
+                                                          .pstKey = pstKeyRow,         \
+                                                          .pfnDel = Np_KeyCallOf<pfnRowDel>};
+#include "sdk/tables/list.h"
+#define NP_COMMAND_ROW(Handler, enTheForm, pstKeyRow, pstDataRow) \
+    constexpr NpRowCommand g_stCommand_##Handler = {              \
+        .pfnHandler = Handler, .enForm = enTheForm, .pstKey = pstKeyRow, .pstData = pstDataRow};
+#define NP_ROW_COMMAND(Handler, enTheForm, pstKeyRow, pstDataRow, pfnRowGet, pfnRowSet) \
+    constexpr NpRowCommand g_stCommand_##Handler = {.pfnHandler = Handler,              \
+                                                    .enForm = enTheForm,                \
+                                                    .pstKey = pstKeyRow,                \
+                                                    .pstData = pstDataRow,              \
+                                                    .pfnGet = Np_GetCall<pfnRowGet>,    \
+                                                    .pfnSet = Np_SetCall<pfnRowSet>};
+#define NP_CHOICE_ROW(Handler, enForm, pstKey, apstData) \
+    NP_COMMAND_ROW(Handler, enForm, pstKey, nullptr)
+#include "sdk/module/command_list.h"
 
 constexpr const NpRowCommand *g_apstCommand[] = {
-#define NP_TABLE_ROW(stTable, Record, Wrapper, Handler, enForm) \
-    &g_stCommand_##Handler##_Set, &g_stCommand_##Handler##_Get,
-#define NP_KEYED_ROW(stKey, Key, stRow, Record, Wrapper, Handler, enForm) \
-    &g_stCommand_##Handler##_Set, &g_stCommand_##Handler##_Get,
+#define NP_TABLE_ROW(stTable, pfnGet, pfnSet, pfnGetHandler, pfnSetHandler, enForm) \
+    &g_stCommand_##pfnSetHandler, &g_stCommand_##pfnGetHandler,
+#define NP_PRI_ROW(stTable, pfnGet, pfnSet, pfnDel, pfnGetHandler, pfnSetHandler, pfnDelHandler) \
+    &g_stCommand_##pfnSetHandler, &g_stCommand_##pfnGetHandler, &g_stCommand_##pfnDelHandler,
+#define NP_ENTRY_ROW(pstKey, pstData, pfnGet, pfnSet, pfnGetHandler, pfnSetHandler) \
+    &g_stCommand_##pfnSetHandler, &g_stCommand_##pfnGetHandler,
+#define NP_ENTRY_DEL(pstKey, pfnDel, pfnDelHandler) &g_stCommand_##pfnDelHandler,
+#include "sdk/tables/list.h"
 #define NP_COMMAND_ROW(Handler, enForm, pstKey, pstData) &g_stCommand_##Handler,
-#include "sdk/record/list.h"
+#define NP_ROW_COMMAND(Handler, enForm, pstKey, pstData, pfnGet, pfnSet) &g_stCommand_##Handler,
+#define NP_CHOICE_ROW(Handler, enForm, pstKey, apstData) &g_stCommand_##Handler,
+#include "sdk/module/command_list.h"
 };
 
-// Commands whose parameters no row describes.
-struct NpParamCommand {
-    NpCliHandler pfnHandler;
-    NpSmdForm enForm;
-    uint32_t (*pfnParam)(uint32_t ulIndex, NpSmdParam *pstParam);
+// Commands whose row the key's value chooses.
+struct NpRowChoice {
+    const NpRowCommand *pstCommand;
+    const NpRow *const *ppstRow;
+    uint32_t ulRowNum;
 };
-constexpr NpParamCommand g_astParamCommand[] = {
-    {Np_SMD_CPUTR_SendPkt, NP_FORM_LARGE, Np_SMD_CputrSendParam},
+constexpr NpRowChoice g_astChoice[] = {
+#define NP_CHOICE_ROW(Handler, enForm, pstKey, apstData) \
+    {&g_stCommand_##Handler, apstData, sizeof(apstData) / sizeof(apstData[0])},
+#include "sdk/module/command_list.h"
 };
 
 const NpRow *Np_CommandKey(const NpRowCommand *pstCommand)
 {
-    return pstCommand->pstTable != nullptr ? pstCommand->pstTable->pstKey : pstCommand->pstKey;
+    return pstCommand->pstTable != nullptr ? pstCommand->pstTable->pstKey
+           : pstCommand->pstPri != nullptr ? pstCommand->pstPri->pstKey
+                                           : pstCommand->pstKey;
 }
 
 const NpRow *Np_CommandData(const NpRowCommand *pstCommand)
 {
-    return pstCommand->pstTable != nullptr ? pstCommand->pstTable->pstRow : pstCommand->pstData;
+    return pstCommand->pstTable != nullptr ? pstCommand->pstTable->pstRow
+           : pstCommand->pstPri != nullptr ? pstCommand->pstPri->pstRow
+                                           : pstCommand->pstData;
 }
 
 const NpRowCommand *Np_CommandFind(NpCliHandler pfnHandler)
@@ -416,6 +531,32 @@ uint32_t Np_RowParamNum(const NpRow *pstRow)
         ulNum += Np_ParamNum(&pstRow->pstField[i]);
     }
     return ulNum;
+}
+
+// Reads a command's key, if it has one.
+uint32_t Np_KeyScan(const NpRow *pstKey, void *pvKey)
+{
+    return pstKey == nullptr ? 0 : Np_SMD_RowScan(pstKey, pvKey, true);
+}
+
+// A parameter of the rows that a key's value chooses; it is told with that value unless it has a
+// selector of its own.
+uint32_t Np_ChoiceParam(const NpRowCommand *pstCommand, uint32_t ulIndex, NpSmdParam *pstParam)
+{
+    for (const NpRowChoice &stChoice : g_astChoice) {
+        for (uint32_t i = 0; stChoice.pstCommand == pstCommand && i < stChoice.ulRowNum; i++) {
+            const uint32_t ulNum = Np_RowParamNum(stChoice.ppstRow[i]);
+            if (ulIndex < ulNum) {
+                Np_SMD_RowParam(stChoice.ppstRow[i], ulIndex, pstParam);
+                if (pstParam->stOf.pszOf == nullptr) {
+                    pstParam->stOf = {pstCommand->pstKey->pstField->pszKey, 1u << i, 0};
+                }
+                return 0;
+            }
+            ulIndex -= ulNum;
+        }
+    }
+    return 1;
 }
 
 // Records of a command. Words, as those of the tables are.
@@ -462,7 +603,22 @@ uint32_t Np_SMD_RowScan(const NpRow *pstRow, void *pvRecord, bool bAll)
     return 0;
 }
 
-uint32_t Np_SMD_RowScanMenu(const NpRow *pstRow, void *pvRecord)
+uint32_t Np_SMD_RowScanValues(const NpRow *pstRow, void *pvRecord, NpSmdBounds enBounds)
+{
+    for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
+        const NpField *pstField = &pstRow->pstField[i];
+        const uint32_t ulReturn = enBounds == NP_BOUNDS_SHOWN
+                                      ? Np_ParamScan(pstRow, {pstField, 0}, pvRecord)
+                                      : Np_BoundedScan(pstRow, pstField, pvRecord, enBounds);
+        if (ulReturn != 0) {
+            return 1;
+        }
+    }
+    return 0;
+}
+
+uint32_t Np_SMD_RowScanMenu(const NpRow *pstRow, void *pvRecord,
+                            void (*pfnTaken)(const NpField *pstField, void *pvRecord))
 {
     if (Np_RowMenu(pstRow) != 0) {
         return 1;
@@ -486,6 +642,9 @@ uint32_t Np_SMD_RowScanMenu(const NpRow *pstRow, void *pvRecord)
         if (Np_SelectedScan(pstRow, stParam.pstField, pvRecord) != 0) {
             return 1;
         }
+        if (pfnTaken != nullptr) {
+            pfnTaken(stParam.pstField, pvRecord);
+        }
     }
 }
 
@@ -493,7 +652,7 @@ void Np_SMD_RowPrint(const NpRow *pstRow, const void *pvRecord)
 {
     for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
         const NpField *pstField = &pstRow->pstField[i];
-        if (!Np_FieldIsAsked(pstField, pvRecord)) {
+        if (!Np_FieldIsAsked(pstField, pvRecord) || pstField->bFar) {
             continue;
         }
         for (uint32_t j = 0; j < Np_ParamNum(pstField); j++) {
@@ -510,7 +669,7 @@ uint32_t Np_SMD_RowParam(const NpRow *pstRow, uint32_t ulIndex, NpSmdParam *pstP
         const uint32_t ulNum = Np_ParamNum(pstField);
         if (ulIndex < ulNum) {
             *pstParam = {};
-            Np_ItemFill(pstRow, pstField, ulIndex, &pstParam->stItem);
+            Np_ItemFill(pstRow, pstField, ulIndex, nullptr, &pstParam->stItem);
             pstParam->stItem.ulPromptNo = Np_MenuNum(pstField) == 0 ? 0 : ulMenu + ulIndex + 1;
             pstParam->pstEnum = pstField->pstWord;
             pstParam->ulEnumNum = pstField->ucWordNum;
@@ -531,8 +690,7 @@ uint32_t Np_SMD_RowGet(const NpRowCommand *pstCommand)
     const NpRow *pstData = Np_CommandData(pstCommand);
     NpKeyRecord stKey = {};
     NpDataRecord stData = {};
-    if (Np_SMD_RowScan(Np_CommandKey(pstCommand), stKey.aulWord, true) != 0 ||
-        Np_SMD_EndCheck() != 0) {
+    if (Np_KeyScan(Np_CommandKey(pstCommand), stKey.aulWord) != 0 || Np_SMD_EndCheck() != 0) {
         return 1;
     }
     const uint32_t ulReturn =
@@ -551,24 +709,41 @@ uint32_t Np_SMD_RowSet(const NpRowCommand *pstCommand)
     const NpRow *pstData = Np_CommandData(pstCommand);
     NpKeyRecord stKey = {};
     NpDataRecord stData = {};
-    if (Np_SMD_RowScan(Np_CommandKey(pstCommand), stKey.aulWord, true) != 0) {
+    if (Np_KeyScan(Np_CommandKey(pstCommand), stKey.aulWord) != 0) {
         return 1;
     }
-    // What no pair names keeps its value.
+    // What no pair names keeps its value. An entry that is not there yet has none to keep, and
+    // zeros would stand for something: a mask of 0 matches everything. NP_FORM_ENTRY asks for all.
     const uint32_t ulReturn =
         pstCommand->pfnGet(g_ulNpCurrentChipID, stKey.aulWord, stData.aulWord);
-    if (ulReturn != NP_OK) {
+    const bool bFailed = ulReturn != NP_OK;
+    if (bFailed && !pstCommand->bAny && !(pstCommand->bNew && ulReturn == NP_ERR_NOT_EXIST)) {
         return Np_SMD_Report(ulReturn);
+    }
+    if (bFailed) {
+        stData = {};
     }
     if (pstCommand->enForm == NP_FORM_LARGE) {
         if (Np_SMD_RowScanMenu(pstData, stData.aulWord) != 0) {
             return 1;
         }
     }
-    else if (Np_SMD_RowScan(pstData, stData.aulWord, false) != 0 || Np_SMD_EndCheck() != 0) {
-        return 1;
+    else {
+        const bool bAll = bFailed && pstCommand->enForm == NP_FORM_ENTRY;
+        if (Np_SMD_RowScan(pstData, stData.aulWord, bAll) != 0 || Np_SMD_EndCheck() != 0) {
+            return 1;
+        }
     }
     return Np_SMD_Report(pstCommand->pfnSet(g_ulNpCurrentChipID, stKey.aulWord, stData.aulWord));
+}
+
+uint32_t Np_SMD_RowDel(const NpRowCommand *pstCommand)
+{
+    NpKeyRecord stKey = {};
+    if (Np_KeyScan(Np_CommandKey(pstCommand), stKey.aulWord) != 0 || Np_SMD_EndCheck() != 0) {
+        return 1;
+    }
+    return Np_SMD_Report(pstCommand->pfnDel(g_ulNpCurrentChipID, stKey.aulWord));
 }
 
 // The name of an array's element ends in its number, which the own name has not.
@@ -597,22 +772,12 @@ uint32_t Np_SMD_ParamIs(const NpSmdParam *pstParam, const char *pszWord)
 
 NpSmdForm Np_SMD_CommandForm(NpCliHandler pfnHandler)
 {
-    for (const NpParamCommand &stCommand : g_astParamCommand) {
-        if (stCommand.pfnHandler == pfnHandler) {
-            return stCommand.enForm;
-        }
-    }
     const NpRowCommand *pstCommand = Np_CommandFind(pfnHandler);
     return pstCommand != nullptr ? pstCommand->enForm : NP_FORM_UNKNOWN;
 }
 
 uint32_t Np_SMD_CommandParam(NpCliHandler pfnHandler, uint32_t ulIndex, NpSmdParam *pstParam)
 {
-    for (const NpParamCommand &stCommand : g_astParamCommand) {
-        if (stCommand.pfnHandler == pfnHandler) {
-            return stCommand.pfnParam(ulIndex, pstParam);
-        }
-    }
     const NpRowCommand *pstCommand = Np_CommandFind(pfnHandler);
     if (pstCommand == nullptr) {
         return 1;
@@ -626,7 +791,10 @@ uint32_t Np_SMD_CommandParam(NpCliHandler pfnHandler, uint32_t ulIndex, NpSmdPar
         return ulReturn;
     }
     const NpRow *pstData = Np_CommandData(pstCommand);
-    if (pstCommand->enForm == NP_FORM_GET || pstData == nullptr) {
+    if (pstData == nullptr) {
+        return Np_ChoiceParam(pstCommand, ulIndex - ulKeys, pstParam);
+    }
+    if (pstCommand->enForm == NP_FORM_GET) {
         return 1;
     }
     const uint32_t ulReturn = Np_SMD_RowParam(pstData, ulIndex - ulKeys, pstParam);
@@ -636,15 +804,27 @@ uint32_t Np_SMD_CommandParam(NpCliHandler pfnHandler, uint32_t ulIndex, NpSmdPar
     return ulReturn;
 }
 
-#define NP_ROW_HANDLERS(Handler)                            \
-    uint32_t Handler##_Set(void)                            \
-    {                                                       \
-        return Np_SMD_RowSet(&g_stCommand_##Handler##_Set); \
-    }                                                       \
-    uint32_t Handler##_Get(void)                            \
-    {                                                       \
-        return Np_SMD_RowGet(&g_stCommand_##Handler##_Get); \
+#define NP_SMD_HANDLER(Handler, Do)        \
+    uint32_t Handler(void)                 \
+    {                                      \
+        return Do(&g_stCommand_##Handler); \
     }
-#define NP_TABLE_ROW(stTable, Record, Wrapper, Handler, enForm) NP_ROW_HANDLERS(Handler)
-#define NP_KEYED_ROW(stKey, Key, stRow, Record, Wrapper, Handler, enForm) NP_ROW_HANDLERS(Handler)
-#include "sdk/record/list.h"
+#define NP_TABLE_ROW(stTable, pfnGet, pfnSet, pfnGetHandler, pfnSetHandler, enForm) \
+    NP_SMD_HANDLER(pfnSetHandler, Np_SMD_RowSet)                                    \
+    NP_SMD_HANDLER(pfnGetHandler, Np_SMD_RowGet)
+#define NP_PRI_ROW(stTable, pfnGet, pfnSet, pfnDel, pfnGetHandler, pfnSetHandler, pfnDelHandler) \
+    NP_SMD_HANDLER(pfnSetHandler, Np_SMD_RowSet)                                                 \
+    NP_SMD_HANDLER(pfnGetHandler, Np_SMD_RowGet)                                                 \
+    NP_SMD_HANDLER(pfnDelHandler, Np_SMD_RowDel)
+#define NP_ENTRY_ROW(pstKey, pstData, pfnGet, pfnSet, pfnGetHandler, pfnSetHandler) \
+    NP_SMD_HANDLER(pfnSetHandler, Np_SMD_RowSet)                                    \
+    NP_SMD_HANDLER(pfnGetHandler, Np_SMD_RowGet)
+#define NP_ENTRY_DEL(pstKey, pfnDel, pfnDelHandler) NP_SMD_HANDLER(pfnDelHandler, Np_SMD_RowDel)
+#include "sdk/tables/list.h"
+#define NP_ROW_COMMAND(Handler, enForm, pstKey, pstData, pfnGet, pfnSet)        \
+    uint32_t Handler(void)                                                      \
+    {                                                                           \
+        return (enForm) == NP_FORM_GET ? Np_SMD_RowGet(&g_stCommand_##Handler)  \
+                                       : Np_SMD_RowSet(&g_stCommand_##Handler); \
+    }
+#include "sdk/module/command_list.h"

@@ -5,10 +5,11 @@
 #include "sdk/access/bus.h"
 #include "sdk/frame/registry.h"
 #include "sdk/lookup/eml.h"
-#include "sdk/module/cli.h"
-#include "sdk/module/smd.h"
+#include "sdk/module/cli/cli.h"
+#include "sdk/module/cli/smd.h"
+#include "sdk/module/smd_row.h"
+#include "sdk/module/smd_rows.h"
 #include "sdk/module/tree.h"
-#include "sdk/record/record.h"
 
 constinit uint32_t g_ulNpCurrentChipID = 0;
 constinit uint32_t g_ulNpPubPrompt = 1;
@@ -18,11 +19,6 @@ namespace {
 // First and last chip word of the microcode's path record.
 inline constexpr uint32_t NP_MICRO_PATH_FIRST = 0x60200100;
 inline constexpr uint32_t NP_MICRO_PATH_LAST = 0x6020017c;
-
-inline constexpr uint32_t NP_KEY_PROMPT = 1;
-constexpr NpSmdKeyItem g_astPromptItem[] = {{NP_KEY_PROMPT, NP_SMD_ENUM, 0, "prompt", 0, 1}};
-constexpr NpSmdKeyEnum g_astPromptEnum[] = {{NP_KEY_PROMPT, "off", 0}, {NP_KEY_PROMPT, "on", 1}};
-constexpr NpSmdKeyTable g_stPromptTable = {g_astPromptItem, 1, g_astPromptEnum, 2};
 
 bool Np_ChipIsRegistered(uint32_t ulChipID)
 {
@@ -48,7 +44,7 @@ uint32_t Np_PromptValueSet(uint32_t ulPrompt)
 uint32_t Np_PUB_SMD_ChipSwitchSet(void)
 {
     uint32_t ulChipID = 0;
-    if (CLI_CamGetParamULONG(" ChipID", " ChipID", 0, &ulChipID, 0, NP_CHIP_NUM - 1) != 0) {
+    if (Np_SMD_RowScanValues(&g_stChipArgs, &ulChipID, NP_BOUNDS_BLANK) != 0) {
         return 1;
     }
     if (!Np_ChipIsRegistered(ulChipID)) {
@@ -74,7 +70,7 @@ uint32_t Np_PUB_SMD_ChipSwitchGet(void)
 uint32_t Np_SMD_DFX_Prompt(void)
 {
     uint32_t ulPrompt = 0;
-    if (Np_PUB_SMD_Scanf(0, &ulPrompt, &g_stPromptTable, NP_KEY_PROMPT) != 0) {
+    if (Np_SMD_RowScanValues(&g_stPromptArgs, &ulPrompt, NP_BOUNDS_SHOWN) != 0) {
         return 1;
     }
     return Np_PromptValueSet(ulPrompt);
@@ -83,7 +79,7 @@ uint32_t Np_SMD_DFX_Prompt(void)
 uint32_t Np_SMD_DFX_Prompt_Set(void)
 {
     uint32_t ulPrompt = 0;
-    if (Np_SMD_PairGet(0, &ulPrompt, &g_stPromptTable) != 0) {
+    if (Np_SMD_RowScan(&g_stPromptArgs, &ulPrompt, true) != 0) {
         return 1;
     }
     return Np_PromptValueSet(ulPrompt);
@@ -95,7 +91,7 @@ uint32_t Np_SMD_DFX_Prompt_Get(void)
         return 1;
     }
     Np_SMD_SeparatorPrint();
-    Np_PUB_SMD_Print(0, &g_ulNpPubPrompt, &g_stPromptTable, NP_KEY_PROMPT);
+    Np_SMD_RowPrint(&g_stPromptArgs, &g_ulNpPubPrompt);
     Np_SMD_SeparatorPrint();
     return Np_SMD_Report(NP_OK);
 }
@@ -154,11 +150,10 @@ uint32_t Np_SMD_DFX_System_Destruct(void)
 namespace {
 
 // Refreshes a cache of the search memory unit that the line names.
-uint32_t Np_CacheClear(uint32_t ulLast, uint32_t (*pfnRefresh)(uint32_t, uint32_t))
+uint32_t Np_CacheClear(const NpRow *pstArgs, uint32_t (*pfnRefresh)(uint32_t, uint32_t))
 {
     uint32_t ulSmemID = 0;
-    if (Np_SMD_Com_ValueParamGet("smem_id", 0, static_cast<int32_t>(ulLast), &ulSmemID) != 0 ||
-        Np_SMD_EndCheck() != 0) {
+    if (Np_SMD_RowScanValues(pstArgs, &ulSmemID, NP_BOUNDS_HELD) != 0 || Np_SMD_EndCheck() != 0) {
         return 1;
     }
     uint32_t ulReturn = Np_GLB_ChipIDIsValid(g_ulNpCurrentChipID);
@@ -172,13 +167,12 @@ uint32_t Np_CacheClear(uint32_t ulLast, uint32_t (*pfnRefresh)(uint32_t, uint32_
 
 uint32_t Np_SMD_DFX_Eml_CacheClear(void)
 {
-    constexpr NpLimit stUnits = {NP_BOUND_BELOW_CAP, NP_SAY_PARAM, 0, NP_CAP_SMEM_NUM};
-    return Np_CacheClear(Np_Row_LimitMax(&stUnits), Np_Tarn_EML_SmemEmlCacheRefresh);
+    return Np_CacheClear(&g_stEmlCacheArgs, Np_Tarn_EML_SmemEmlCacheRefresh);
 }
 
 uint32_t Np_SMD_DFX_Cpu_CacheClear(void)
 {
-    return Np_CacheClear(1, Np_Tarn_EML_SmemWriteReadCacheRefresh);
+    return Np_CacheClear(&g_stCpuCacheArgs, Np_Tarn_EML_SmemWriteReadCacheRefresh);
 }
 
 uint32_t Np_PUB_SMD_MicroPathClear(void)

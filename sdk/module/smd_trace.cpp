@@ -1,9 +1,11 @@
 // Commands that switch tracing.
 #include "platform/os.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
-#include "sdk/module/cli.h"
-#include "sdk/module/smd.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
+#include "sdk/module/cli/cli.h"
+#include "sdk/module/cli/smd.h"
+#include "sdk/module/smd_row.h"
+#include "sdk/module/smd_rows.h"
 #include "sdk/module/tree.h"
 
 namespace {
@@ -21,8 +23,6 @@ constexpr const char *g_apszLevel[NP_LEVEL_NUM + 1] = {
 };
 
 inline constexpr uint32_t NP_MODULES_PER_LINE = 3;
-inline constexpr uint32_t NP_FUNC_NAME_MAX = 100;
-inline constexpr uint32_t NP_FUNC_TIMES_MAX = 65535;
 
 // Sets the switches that a module and a level address, 0 meaning all.
 void Np_SwitchesSet(uint32_t ulModule, uint32_t ulLevel, uint32_t ulValue)
@@ -41,14 +41,12 @@ void Np_SwitchesSet(uint32_t ulModule, uint32_t ulLevel, uint32_t ulValue)
 uint32_t Np_SwitchCommand(uint32_t ulValue)
 {
     Np_PrintLevelInfoDisplay();
-    uint32_t ulModule = 0;
-    uint32_t ulLevel = 0;
-    if (CLI_CamGetParamULONG(" Moudle", " Moudle", 0, &ulModule, 0, NP_MODULE_NUM - 1) != 0 ||
-        CLI_CamGetParamULONG(" PrintLevel", " PrintLevel", 0, &ulLevel, 0, NP_LEVEL_NUM) != 0 ||
+    NpPrintArgs stArgs = {};
+    if (Np_SMD_RowScanValues(&g_stPrintArgs, &stArgs, NP_BOUNDS_BLANK) != 0 ||
         Np_SMD_EndCheck() != 0) {
         return 1;
     }
-    Np_SwitchesSet(ulModule, ulLevel, ulValue);
+    Np_SwitchesSet(stArgs.ulModule, stArgs.ulLevel, ulValue);
     return Np_SMD_Report(NP_OK);
 }
 
@@ -78,18 +76,15 @@ uint32_t Np_PUB_SMD_PrintSwitchOff(void)
 
 uint32_t Np_PUB_SMD_PrintFuncSwitchOn(void)
 {
-    char acFunc[NP_FUNC_NAME_MAX + 2];
-    uint32_t ulLength = 0;
-    uint32_t ulTimes = 0;
-    if (CLI_CamGetParamString(" func", " func", 0, acFunc, &ulLength, 1, NP_FUNC_NAME_MAX) != 0 ||
-        CLI_CamGetParamULONG(" print-num", " print-num", 0, &ulTimes, 0, NP_FUNC_TIMES_MAX) != 0 ||
+    NpFuncPrintArgs stArgs = {};
+    if (Np_SMD_RowScanValues(&g_stFuncPrintArgs, &stArgs, NP_BOUNDS_BLANK) != 0 ||
         Np_SMD_EndCheck() != 0) {
         return 1;
     }
-    acFunc[NP_USR_FUNC_SIZE - 1] = 0;
+    stArgs.acFunc[NP_USR_FUNC_SIZE - 1] = 0;
     memset(g_aucNpUsrFunc, 0, sizeof(g_aucNpUsrFunc));
-    Np_StrCpy(reinterpret_cast<char *>(g_aucNpUsrFunc), acFunc);
-    g_ulNpSdkTraceFuncTimes = ulTimes;
+    Np_StrCpy(reinterpret_cast<char *>(g_aucNpUsrFunc), stArgs.acFunc);
+    g_ulNpSdkTraceFuncTimes = stArgs.ulTimes;
     g_stNpSdkFuncCount = 0;
     g_stNpSdkFuncEnable = 1;
     return Np_SMD_Report(NP_OK);

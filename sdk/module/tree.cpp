@@ -1,6 +1,8 @@
 // The top of the command tree, and the groups that act on the module itself.
 #include "sdk/module/tree.h"
 
+#include "ldsdk/init.h"
+
 static constinit NpCliCmdEntry g_astCmdChip[] = {
     NP_LEAF("get", "get operate chip", Np_PUB_SMD_ChipSwitchGet),
     NP_LEAF("set", "set operate chip", Np_PUB_SMD_ChipSwitchSet),
@@ -70,3 +72,13 @@ static constinit NpCliCmdEntry g_astCmdMicro[] = {
 constinit NpCliCmdEntry g_stNpSdkCmds[1] = {
     NP_GROUP("micro", "<Group>micro op", g_astCmdMicro),
 };
+
+uint32_t Np_SdkCmdTreeInstall(void)
+{
+    return CLI_CamInstallCmdExt(g_stNpSdkCmds, 2);
+}
+
+uint32_t Np_INIT_SdkCmdTreeInstall(void)
+{
+    return Np_SdkCmdTreeInstall();
+}

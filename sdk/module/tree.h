@@ -1,7 +1,7 @@
 // The command tree: static data, one array of records per group, in the order of the listings.
 #pragma once
 
-#include "sdk/module/cli.h"
+#include "sdk/module/cli/cli.h"
 
 extern "C" {
 

@@ -21,7 +21,7 @@
 //
 // A description whose pieces overlap, leave the image or the record, or are narrower than what they
 // must hold does not compile; see NpRowFault. The order of the fields is the order of the command's
-// parameters and of the trace; a field that selects others stands before them.
+// parameters and of the trace; a field that selects others may stand anywhere among them.
 //
 // An image is a buffer of bytes, lowest bit first: bit b of the image is bit b % 8 of byte b / 8,
 // so that a value that crosses bytes is little-endian. Buffers have a whole number of 32-bit words,
@@ -29,8 +29,8 @@
 #pragma once
 
 #include "ldsdk/types.h"
-#include "sdk/frame/capability.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/capability.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/record/param.h"
 
 #include <cstdint>
@@ -43,10 +43,24 @@ struct NpAt {
     uint8_t ucLow;
 };
 
-// A field that is there only while another, an enumeration, has one of some values.
+// What a condition asks of its selector.
+enum NpTest : uint8_t {
+    NP_TEST_ONE_OF,   // it is v, and bit v of the mask is set
+    NP_TEST_NONE_OF,  // it is not
+    NP_TEST_BITS,     // it has one of the mask's bits
+    NP_TEST_NO_BITS,  // it has none of them
+    NP_TEST_IS,       // it is the mask
+};
+
+// A condition on another field of the record, the selector: whether a field is there, or a limit
+// holds. Written with NP_WHEN and its sisters (sdk/record/describe.h).
 struct NpWhen {
-    uint16_t usOffset;  // of the other in the record, 32 bits wide
-    uint32_t ulMask;    // bit v: there for value v; 0: always there
+    uint16_t usOffset;  // of the selector in the record
+    uint8_t ucSize;     // its bytes: 1, 2, 4
+    NpTest enTest;
+    uint32_t ulMask;
+    const NpWhen *pstAnd;  // holds only if this does too, or null
+    bool bWord;            // a word that is one of some values, and no more
 };
 
 // A field that stands in the image in another form than in the record, such as a port that is
@@ -66,6 +80,9 @@ extern const NpCoding g_stNpPortCoding;
 // What a bad value prints.
 enum NpSay : uint8_t {
     NP_SAY_PARAM,   // "param error! (name)=0x%08x\r\n", or without brackets; see NpRow
+    NP_SAY_ALONE,   // the same, without the record in front of the name
+    NP_SAY_BARE,    // the same, and never in brackets
+    NP_SAY_OWN,     // the check's text is the format of the whole message
     NP_SAY_ENABLE,  // "enable Para error: 0x%08x \r\n"
     NP_SAY_VALID,   // "valid Para error: 0x%08x \r\n"
     NP_SAY_BOOL,    // "true/false Para error: 0x%08x \r\n"
@@ -75,6 +92,7 @@ enum NpBoundKind : uint8_t {
     NP_BOUND_MOST,       // ulMin <= value <= ulMax, both signed if ulMin is not 0
     NP_BOUND_BELOW_CAP,  // below the capability word of slot ulMax
     NP_BOUND_MOST_CAP,   // at most that word
+    NP_BOUND_FROM_CAP,   // from the word of slot ulMin to that of slot ulMax
     NP_BOUND_PORT,       // a port record that the chip has
     NP_BOUND_CUSTOM,     // NpCheck::pfnCustom
 };
@@ -94,6 +112,7 @@ enum NpMove : uint8_t {
     NP_MOVE_WIDE_WORD,  // a word that reaches into a second word of the image
     NP_MOVE_RUN,        // narrow words, one behind the other from the low bits of an image word up
     NP_MOVE_ARRAY,      // words or bytes in any even steps
+    NP_MOVE_CONST,      // no field of the record: always the same bits
     NP_MOVE_ANY,
 };
 
@@ -103,42 +122,50 @@ struct NpField {
                                   // number behind it
     const NpSmdKeyEnum *pstWord;  // value words, all of key number 0
     const NpCoding *pstCoding;    // null: stored as it is
-    NpWhen stWhen;
-    uint16_t usOffset;  // in the record
-    uint16_t usCount;   // elements, 1 if it is no array
-    uint16_t usStride;  // bytes from one element to the next
-    uint16_t usBit;     // of element 0 in the image,
-    uint16_t usWord;    // that is, byte of the word that it begins in
-    uint8_t ucShift;    // and bit of that word
-    uint32_t ulMask;    // of its width
-    int16_t sStep;      // bits from one element to the next
-    int16_t sRunStep;   // bits from one run of elements to the next
-    uint8_t ucRun;      // elements of a run, inside which sStep holds; 0: no runs
-    uint8_t ucSize;     // bytes of an element: 1, 2, 4; of a coded one up to 255
-    uint8_t ucWidth;    // bits in the image; 0: not stored
-    uint8_t ucFrom;     // lowest bit of the value that stands here
-    uint8_t ucType;     // NpSmdType
+    const NpWhen *pstWhen;        // null: always there
+    uint16_t usOffset;            // in the record; the value of a constant
+    uint16_t usCount;             // elements, 1 if it is no array
+    uint16_t usStride;            // bytes from one element to the next
+    uint16_t usBit;               // of element 0 in the image,
+    uint16_t usWord;              // that is, byte of the word that it begins in
+    uint8_t ucShift;              // and bit of that word
+    uint32_t ulMask;              // of its width
+    int16_t sStep;                // bits from one element to the next
+    int16_t sRunStep;             // bits from one run of elements to the next
+    uint8_t ucRun;                // elements of a run, inside which sStep holds; 0: no runs
+    uint8_t ucSize;               // bytes of an element: 1, 2, 4; of a coded one up to 255
+    uint8_t ucWidth;              // bits in the image; 0: not stored
+    uint8_t ucFrom;               // lowest bit of the value that stands here
+    uint8_t ucType;               // NpSmdType
     uint8_t ucWordNum;
     uint8_t ucMove;       // NpMove
-    bool bPlain;          // a word on its own that is always there
     uint16_t usShownMax;  // highest value that prompts tell, if not the check's; 0: the check's
-    bool bWhole;          // one parameter for the whole array, such as a MAC address
-    bool bCut;            // values may be wider than what is stored
-    bool bLost;           // has no place in the image
-    bool bHidden;         // no parameter of the command line
+    bool bPlain : 1;      // a word on its own that is always there
+    bool bWhole : 1;      // one parameter for the whole array, such as a MAC address
+    bool bCut : 1;        // values may be wider than what is stored
+    bool bLost : 1;       // has no place in the image
+    bool bHanded : 1;     // lost, and a parse keeps what its caller put there: selectors kept
+                          // elsewhere, such as in a shadow
+    bool bHidden : 1;     // no parameter of the command line
+    bool bFree : 1;       // a parameter of its own, whatever its condition says
+    bool bSwitch : 1;     // stored as all ones if it is not 0
+    bool bRead : 1;       // a parse reads it whatever its condition says
+    bool bFar : 1;        // a pointer to bytes, as many of which as usCount a command reads
+    bool bInverse : 1;    // stored with each of its bits inverted
 };
 
 struct NpRow;
 
 struct NpCheck {
-    const char *pszText;  // the field in the message, behind "pst..->"
+    const char *pszText;  // the field in the message, behind "pst..->"; see NpSay
     // Traces its own message. 0, or the code that the check ends with.
     uint32_t (*pfnCustom)(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord);
     NpLimit stLimit;
-    NpWhen stWhen;
+    const NpWhen *pstWhen;
     uint16_t usOffset;
     uint16_t usCount;
     uint16_t usStride;
+    uint16_t usCode;  // of a bad value, behind 0x9a00
     uint8_t ucSize;
     bool bWithNext;  // arrays: each element is tested before the same one of the next line
     bool bSimple;    // an unsigned word on its own, always there
@@ -158,12 +185,15 @@ struct NpRow {
     const NpCheck *pstCheck;
     const NpThere *pstThere;  // null: each field is asked
     uint16_t usFieldNum;
+    uint16_t usStoredNum;  // up to the last that has a place in the image
     uint16_t usCheckNum;
     uint16_t usRecordSize;  // bytes
     uint16_t usImageSize;   // bytes; 0: arguments, which have no image
     uint8_t ucModule;       // NpModule of the traces
     bool bBare;             // "param error! name=" without brackets
     bool bParseClears;      // fields that are not there read as 0; else they stay as they were
+    bool bOrdered;          // each selector stands before what it selects
+    bool bHanded;           // has fields that are handed in
 };
 
 // Bytes that the buffer of an image has.
@@ -172,25 +202,15 @@ constexpr uint32_t Np_ImageRoom(const NpRow &stRow)
     return (stRow.usImageSize + 3u) / 4u * 4u;
 }
 
-inline constexpr uint32_t NP_ROW_IMAGE_MAX = 64;    // bytes of the widest image
+inline constexpr uint32_t NP_ROW_IMAGE_MAX = 128;   // bytes of the widest image
 inline constexpr uint32_t NP_ROW_RECORD_MAX = 320;  // bytes of the widest record
+inline constexpr uint32_t NP_ROW_HANDED_MAX = 4;    // words that are handed in
 inline constexpr uint32_t NP_ROW_FIELD_MAX = 64;
 inline constexpr uint32_t NP_ROW_GROUP_MAX = 4;  // checks that go together
 
 // ---- engines ----------------------------------------------------------------------------------
 
-// Whose function and line traces name: the caller's.
-struct NpWhere {
-    const char *pszFunc;
-    uint32_t ulLine;
-};
-constexpr NpWhere Np_Here(const char *pszFunc = __builtin_FUNCTION(),
-                          uint32_t ulLine = __builtin_LINE())
-{
-    return {pszFunc, ulLine};
-}
-
-// All fields of the record, at trace level.
+// The fields of the record that are there, at trace level.
 inline void Np_Row_Trace(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere = Np_Here());
 // 0, or the first failing check's code: NP_ERR_PARAM, a port's or a custom check's own.
 uint32_t Np_Row_Check(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
@@ -205,24 +225,51 @@ uint32_t Np_Row_Build(const NpRow *pstRow, uint32_t ulChipID, const void *pvReco
 uint32_t Np_Row_Parse(const NpRow *pstRow, uint32_t ulChipID, const void *pvImage, void *pvRecord,
                       NpWhere stWhere = Np_Here());
 
-// Tells whether a field or check with this condition is there.
-inline bool Np_Row_IsThere(const NpWhen &stWhen, const void *pvRecord)
+// Tells whether a value fulfils a condition, apart from those that it adds.
+constexpr bool Np_WhenTakes(const NpWhen &stWhen, uint32_t ulValue)
 {
-    if (stWhen.ulMask == 0) {
+    switch (stWhen.enTest) {
+        case NP_TEST_ONE_OF:
+            return ulValue < 32 && (stWhen.ulMask >> ulValue & 1) != 0;
+        case NP_TEST_NONE_OF:
+            return ulValue >= 32 || (stWhen.ulMask >> ulValue & 1) == 0;
+        case NP_TEST_BITS:
+            return (ulValue & stWhen.ulMask) != 0;
+        case NP_TEST_NO_BITS:
+            return (ulValue & stWhen.ulMask) == 0;
+        default:
+            return ulValue == stWhen.ulMask;
+    }
+}
+// Tells whether a field or check with this condition is there.
+bool Np_Row_Holds(const NpWhen *pstWhen, const void *pvRecord);
+inline bool Np_Row_IsThere(const NpWhen *pstWhen, const void *pvRecord)
+{
+    if (pstWhen == nullptr) {
         return true;
     }
+    if (!pstWhen->bWord) {
+        return Np_Row_Holds(pstWhen, pvRecord);
+    }
     uint32_t ulValue;
-    __builtin_memcpy(&ulValue, static_cast<const uint8_t *>(pvRecord) + stWhen.usOffset, 4);
-    return ulValue < 32 && (stWhen.ulMask >> ulValue & 1) != 0;
+    __builtin_memcpy(&ulValue, static_cast<const uint8_t *>(pvRecord) + pstWhen->usOffset, 4);
+    return ulValue < 32 && (pstWhen->ulMask >> ulValue & 1) != 0;
 }
+// Tells whether no record fulfils both conditions.
+bool Np_Row_Excludes(const NpWhen *pstA, const NpWhen *pstB);
 // An element of 1, 2 or 4 bytes.
 uint32_t Np_Row_Load(const NpField *pstField, uint32_t ulElement, const void *pvRecord);
 void Np_Row_Store(const NpField *pstField, uint32_t ulElement, uint32_t ulValue, void *pvRecord);
 // The highest legal value of a limit, with the capability words of the current chip, or of the
 // family while none is registered.
 uint32_t Np_Row_LimitMax(const NpLimit *pstLimit);
-// The check of a number that bounds a field, or null.
-const NpCheck *Np_Row_FieldCheck(const NpRow *pstRow, const NpField *pstField);
+// The same for the lowest, as a signed number where it is one.
+uint32_t Np_Row_LimitMin(const NpLimit *pstLimit);
+// Check ulIndex, counted from 0, of those that bound a field's number, or null.
+const NpCheck *Np_Row_FieldChecks(const NpRow *pstRow, const NpField *pstField, uint32_t ulIndex);
+// The one that holds for a record; without a record, or if none holds, the widest. Or null.
+const NpCheck *Np_Row_FieldCheck(const NpRow *pstRow, const NpField *pstField,
+                                 const void *pvRecord = nullptr);
 
 // What Np_Row_Trace does when the level is on.
 void Np_Row_TraceFields(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere);
@@ -233,13 +280,3 @@ inline void Np_Row_Trace(const NpRow *pstRow, const void *pvRecord, NpWhere stWh
         Np_Row_TraceFields(pstRow, pvRecord, stWhere);
     }
 }
-
-// A trace of the caller's position. Off, it costs one load and one test.
-#define NP_TRACE_AT(stWhere, module, level, ...)                      \
-    do {                                                              \
-        if (g_stNpSdkModuleSwitch[module][level] != 0) [[unlikely]] { \
-            g_ulNpLine = (stWhere).ulLine;                            \
-            g_pszNpFunc = (stWhere).pszFunc;                          \
-            Np_PrintWithPosition(module, level, __VA_ARGS__);         \
-        }                                                             \
-    } while (0)

@@ -1,10 +1,11 @@
 // The engines that read a row's description.
 #include "platform/os.h"
 #include "sdk/access/portid.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
+#include "sdk/record/describe.h"
 #include "sdk/record/record.h"
 
 namespace {
@@ -88,6 +89,12 @@ void Np_PlaceNext(const NpField *pstField, NpPlace *pstPlace)
     }
 }
 
+// What turns a value into what is stored of it, and back.
+inline uint32_t Np_Inversion(const NpField *pstField)
+{
+    return pstField->bInverse ? 0xffffffff : 0;
+}
+
 uint32_t Np_CodingFailed(const NpRow *pstRow, const char *pszFormat, uint32_t ulReturn,
                          NpWhere stWhere)
 {
@@ -114,6 +121,10 @@ uint32_t Np_CodingFailed(const NpRow *pstRow, const char *pszFormat, uint32_t ul
         else {
             ulValue = Np_LoadBytes(pucAt, pstField->ucSize);
         }
+        if (pstField->bSwitch && ulValue != 0) {
+            ulValue = 0xffffffff;
+        }
+        ulValue ^= Np_Inversion(pstField);
         Np_Insert(pucImage, stPlace.ulBit, pstField->ucWidth, ulValue >> pstField->ucFrom);
         Np_PlaceNext(pstField, &stPlace);
     }
@@ -128,6 +139,7 @@ uint32_t Np_CodingFailed(const NpRow *pstRow, const char *pszFormat, uint32_t ul
     NpPlace stPlace = {pstField->usBit, pstField->usBit, 0};
     for (uint32_t i = 0; i < pstField->usCount; i++, pucAt += pstField->usStride) {
         uint32_t ulValue = Np_Extract(pucImage, stPlace.ulBit, pstField->ucWidth);
+        ulValue ^= Np_Inversion(pstField) & Np_WidthMask(pstField->ucWidth);
         Np_PlaceNext(pstField, &stPlace);
         if (pstField->pstCoding != nullptr) {
             const uint32_t ulReturn = pstField->pstCoding->pfnDecode(ulChipID, ulValue, pucAt);
@@ -148,34 +160,39 @@ uint32_t Np_CodingFailed(const NpRow *pstRow, const char *pszFormat, uint32_t ul
     return NP_OK;
 }
 
-// The format of a bad value, and whether the field's name comes before the value.
-const char *Np_SayFormat(const NpRow *pstRow, uint8_t ucSay)
+// The format of a bad value; those with a name take it in three pieces before the value.
+const char *Np_SayFormat(const NpRow *pstRow, const NpCheck *pstCheck)
 {
-    switch (ucSay) {
+    switch (pstCheck->stLimit.enSay) {
         case NP_SAY_ENABLE:
             return "enable Para error: 0x%08x \r\n";
         case NP_SAY_VALID:
             return "valid Para error: 0x%08x \r\n";
         case NP_SAY_BOOL:
             return "true/false Para error: 0x%08x \r\n";
+        case NP_SAY_OWN:
+            return pstCheck->pszText;
         default:
-            return pstRow->bBare ? "param error! %s%s%s=0x%08x\r\n"
-                                 : "param error! (%s%s%s)=0x%08x\r\n";
+            return pstRow->bBare || pstCheck->stLimit.enSay == NP_SAY_BARE
+                       ? "param error! %s%s%s=0x%08x\r\n"
+                       : "param error! (%s%s%s)=0x%08x\r\n";
     }
 }
 
 [[gnu::cold]] uint32_t Np_BadValue(const NpRow *pstRow, const NpCheck *pstCheck, uint32_t ulValue,
                                    NpWhere stWhere)
 {
-    const char *pszFormat = Np_SayFormat(pstRow, pstCheck->stLimit.enSay);
-    if (pstCheck->stLimit.enSay != NP_SAY_PARAM) {
+    const NpSay enSay = pstCheck->stLimit.enSay;
+    const char *pszFormat = Np_SayFormat(pstRow, pstCheck);
+    if (enSay > NP_SAY_BARE) {
         NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_ERROR, pszFormat, ulValue);
-        return NP_ERR_PARAM;
     }
-    const bool bAlone = pstRow->pszArg == nullptr;
-    NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_ERROR, pszFormat, bAlone ? "" : pstRow->pszArg,
-                bAlone ? "" : "->", pstCheck->pszText, ulValue);
-    return NP_ERR_PARAM;
+    else {
+        const bool bAlone = pstRow->pszArg == nullptr || enSay != NP_SAY_PARAM;
+        NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_ERROR, pszFormat,
+                    bAlone ? "" : pstRow->pszArg, bAlone ? "" : "->", pstCheck->pszText, ulValue);
+    }
+    return 0x9a000000 | pstCheck->usCode;
 }
 
 // A check of numbers, made ready: values from ulMin up, ulSpan of them and one more.
@@ -196,6 +213,9 @@ NpReady Np_CheckReady(const NpCheck *pstCheck, const uint32_t *pulCap, const uin
             return {pstCheck, pucAt, stLimit.ulMin, stLimit.ulMax - stLimit.ulMin, false};
         case NP_BOUND_MOST_CAP:
             return {pstCheck, pucAt, 0, pulCap[stLimit.ulMax], false};
+        case NP_BOUND_FROM_CAP:
+            return {pstCheck, pucAt, pulCap[stLimit.ulMin],
+                    pulCap[stLimit.ulMax] - pulCap[stLimit.ulMin], false};
         default:
             return {pstCheck, pucAt, 0, pulCap[stLimit.ulMax] - 1, pulCap[stLimit.ulMax] == 0};
     }
@@ -222,7 +242,7 @@ uint32_t Np_CheckNumbers(const NpRow *pstRow, const NpCheck *pstCheck, uint32_t 
     NpReady astReady[NP_ROW_GROUP_MAX];
     uint32_t ulReady = 0;
     for (uint32_t i = 0; i < ulNum; i++) {
-        if (Np_Row_IsThere(pstCheck[i].stWhen, pucRecord)) {
+        if (Np_Row_IsThere(pstCheck[i].pstWhen, pucRecord)) {
             astReady[ulReady++] = Np_CheckReady(&pstCheck[i], pulCap, pucRecord);
         }
     }
@@ -266,7 +286,7 @@ uint32_t Np_CheckLines(const NpRow *pstRow, const NpCheck *pstCheck, uint32_t ul
 {
     *pulNum = 1;
     if (pstCheck->stLimit.enKind >= NP_BOUND_PORT) {
-        if (!Np_Row_IsThere(pstCheck->stWhen, pucRecord)) {
+        if (!Np_Row_IsThere(pstCheck->pstWhen, pucRecord)) {
             return NP_OK;
         }
         return pstCheck->stLimit.enKind == NP_BOUND_PORT
@@ -406,25 +426,51 @@ void Np_ParseArray(const NpField *pstField, const uint8_t *pucImage, uint8_t *pu
     }
 }
 
-// The selector that a walk over the fields met last; rows have few, and their fields stand
-// together. A selector stands before what it selects, so that its value is there when it is asked
-// for.
-struct NpSelected {
-    bool bKnown;
-    uint16_t usOffset;
-    uint32_t ulBit;
-};
-
-inline bool Np_IsSelected(const NpWhen &stWhen, const uint8_t *pucRecord, NpSelected *pstSelected)
+// A selector's value while a record is being parsed: from the image where it stands there, since
+// the record may not have it yet.
+[[gnu::noinline]] uint32_t Np_SelectorParse(const NpRow *pstRow, const NpWhen *pstWhen,
+                                            const uint8_t *pucImage, const uint8_t *pucRecord)
 {
-    if (stWhen.ulMask == 0) {
-        return true;
+    uint32_t ulValue = 0;
+    bool bStored = false;
+    for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
+        const NpField *pstField = &pstRow->pstField[i];
+        if (pstField->usOffset == pstWhen->usOffset && pstField->ucSize == pstWhen->ucSize &&
+            pstField->ucWidth != 0 && !Np_Row_Excludes(pstField->pstWhen, pstWhen->pstAnd)) {
+            bStored = true;
+            ulValue |= Np_Extract(pucImage, pstField->usBit, pstField->ucWidth) << pstField->ucFrom;
+        }
     }
-    if (!pstSelected->bKnown || stWhen.usOffset != pstSelected->usOffset) [[unlikely]] {
-        const uint32_t ulValue = Np_Word(pucRecord + stWhen.usOffset);
-        *pstSelected = {true, stWhen.usOffset, ulValue < 32 ? 1u << ulValue : 0};
+    return bStored ? ulValue : Np_LoadBytes(pucRecord + pstWhen->usOffset, pstWhen->ucSize);
+}
+
+bool Np_ParseHolds(const NpRow *pstRow, const NpWhen *pstWhen, const uint8_t *pucImage,
+                   const uint8_t *pucRecord)
+{
+    for (; pstWhen != nullptr; pstWhen = pstWhen->pstAnd) {
+        if (!Np_WhenTakes(*pstWhen, Np_SelectorParse(pstRow, pstWhen, pucImage, pucRecord))) {
+            return false;
+        }
     }
-    return (stWhen.ulMask & pstSelected->ulBit) != 0;
+    return true;
+}
+
+// Clears a record but for what is handed in.
+[[gnu::noinline]] void Np_RecordClear(const NpRow *pstRow, uint8_t *pucRecord)
+{
+    uint32_t aulKept[NP_ROW_HANDED_MAX];
+    uint32_t ulKept = 0;
+    for (uint32_t i = 0; pstRow->bHanded && i < pstRow->usFieldNum; i++) {
+        if (pstRow->pstField[i].bHanded) {
+            aulKept[ulKept++] = Np_Row_Load(&pstRow->pstField[i], 0, pucRecord);
+        }
+    }
+    memset(pucRecord, 0, pstRow->usRecordSize);
+    for (uint32_t i = 0, ulAt = 0; ulAt < ulKept; i++) {
+        if (pstRow->pstField[i].bHanded) {
+            Np_Row_Store(&pstRow->pstField[i], 0, aulKept[ulAt++], pucRecord);
+        }
+    }
 }
 
 inline uint32_t Np_ThereMask(const NpThere *pstThere, const uint8_t *pucRecord)
@@ -455,6 +501,10 @@ inline uint32_t Np_ThereMask(const NpThere *pstThere, const uint8_t *pucRecord)
         case NP_MOVE_ARRAY:
             Np_FillArray(pstField, pucRecord, pucImage);
             return NP_OK;
+        case NP_MOVE_CONST:
+            Np_PutWord(pucImage + pstField->usWord, pstField->ucShift, pstField->ulMask,
+                       pstField->usOffset);
+            return NP_OK;
         default:
             return Np_FillField(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
     }
@@ -467,14 +517,10 @@ uint32_t Np_PortEncode(uint32_t ulChipID, const void *pvField, uint32_t *pulStor
     return Np_PortID2PhyID(ulChipID, &stPort, pulStored);
 }
 
+// Writes a port only if there is one.
 uint32_t Np_PortDecode(uint32_t ulChipID, uint32_t ulStored, void *pvField)
 {
-    NpPortID stPort;
-    const uint32_t ulReturn = Np_IngressPhyID2PortID(ulChipID, ulStored, &stPort);
-    if (ulReturn == NP_OK) {
-        __builtin_memcpy(pvField, &stPort, sizeof(stPort));
-    }
-    return ulReturn;
+    return Np_IngressPhyID2PortID(ulChipID, ulStored, static_cast<NpPortID *>(pvField));
 }
 
 // Adds "name=value " or "name=v v v " behind the ulUsed characters of a line; the new length.
@@ -506,6 +552,11 @@ constexpr NpCoding g_stNpPortCoding = {
     false,
 };
 
+bool Np_Row_Excludes(const NpWhen *pstA, const NpWhen *pstB)
+{
+    return Np_Exclusive(pstA, pstB);
+}
+
 uint32_t Np_Row_Load(const NpField *pstField, uint32_t ulElement, const void *pvRecord)
 {
     return Np_LoadBytes(static_cast<const uint8_t *>(pvRecord) + pstField->usOffset +
@@ -520,29 +571,90 @@ void Np_Row_Store(const NpField *pstField, uint32_t ulElement, uint32_t ulValue,
         pstField->ucSize, ulValue);
 }
 
+bool Np_Row_Holds(const NpWhen *pstWhen, const void *pvRecord)
+{
+    const uint8_t *pucRecord = static_cast<const uint8_t *>(pvRecord);
+    for (; pstWhen != nullptr; pstWhen = pstWhen->pstAnd) {
+        if (!Np_WhenTakes(*pstWhen, Np_LoadBytes(pucRecord + pstWhen->usOffset, pstWhen->ucSize))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+static uint32_t Np_CapOf(uint32_t ulSlot)
+{
+    const uint32_t *pulCap = g_aulNpGlbCap[g_ulNpCurrentUsedChipID];
+    return pulCap != nullptr ? pulCap[ulSlot] : g_aulNpTarnBGlbCap[ulSlot];
+}
+
 uint32_t Np_Row_LimitMax(const NpLimit *pstLimit)
 {
     if (pstLimit->enKind == NP_BOUND_MOST) {
         return pstLimit->ulMax;
     }
-    const uint32_t *pulCap = g_aulNpGlbCap[g_ulNpCurrentUsedChipID];
-    const uint32_t ulCap =
-        pulCap != nullptr ? pulCap[pstLimit->ulMax] : g_aulNpTarnBGlbCap[pstLimit->ulMax];
+    const uint32_t ulCap = Np_CapOf(pstLimit->ulMax);
     return pstLimit->enKind == NP_BOUND_BELOW_CAP && ulCap != 0 ? ulCap - 1 : ulCap;
 }
 
-const NpCheck *Np_Row_FieldCheck(const NpRow *pstRow, const NpField *pstField)
+uint32_t Np_Row_LimitMin(const NpLimit *pstLimit)
 {
-    for (uint32_t i = 0; i < pstRow->usCheckNum; i++) {
-        const NpCheck *pstCheck = &pstRow->pstCheck[i];
-        if (pstField->usOffset >= pstCheck->usOffset &&
-            pstField->usOffset < pstCheck->usOffset + pstCheck->usCount * pstCheck->usStride &&
-            (pstField->usOffset - pstCheck->usOffset) % pstCheck->usStride == 0 &&
+    return pstLimit->enKind == NP_BOUND_FROM_CAP ? Np_CapOf(pstLimit->ulMin) : pstLimit->ulMin;
+}
+
+// The next check, from one on, that bounds a field's number, or that of another member of a union;
+// the end if there is none.
+static const NpCheck *Np_BoundFind(const NpRow *pstRow, const NpField *pstField,
+                                   const NpCheck *pstCheck)
+{
+    const NpCheck *pstEnd = pstRow->pstCheck + pstRow->usCheckNum;
+    for (; pstCheck != pstEnd; pstCheck++) {
+        const uint32_t ulFrom = static_cast<uint32_t>(pstField->usOffset) - pstCheck->usOffset;
+        if (ulFrom < static_cast<uint32_t>(pstCheck->usCount) * pstCheck->usStride &&
+            (ulFrom == 0 || ulFrom % pstCheck->usStride == 0) && pstField->ucSize != 0 &&
             pstCheck->stLimit.enKind < NP_BOUND_PORT) {
+            break;
+        }
+    }
+    return pstCheck;
+}
+
+// Tells whether a check at a field's place is of another member of a union. A field that is a
+// parameter whatever its condition says has the limits of all conditions.
+static bool Np_IsOfOther(const NpCheck *pstCheck, const NpField *pstField)
+{
+    return !pstField->bFree && Np_Row_Excludes(pstCheck->pstWhen, pstField->pstWhen);
+}
+
+const NpCheck *Np_Row_FieldChecks(const NpRow *pstRow, const NpField *pstField, uint32_t ulIndex)
+{
+    const NpCheck *pstEnd = pstRow->pstCheck + pstRow->usCheckNum;
+    for (const NpCheck *pstCheck = Np_BoundFind(pstRow, pstField, pstRow->pstCheck);
+         pstCheck != pstEnd; pstCheck = Np_BoundFind(pstRow, pstField, pstCheck + 1)) {
+        if (!Np_IsOfOther(pstCheck, pstField) && ulIndex-- == 0) {
             return pstCheck;
         }
     }
     return nullptr;
+}
+
+const NpCheck *Np_Row_FieldCheck(const NpRow *pstRow, const NpField *pstField, const void *pvRecord)
+{
+    const NpCheck *pstEnd = pstRow->pstCheck + pstRow->usCheckNum;
+    const NpCheck *pstWidest = nullptr;
+    for (const NpCheck *pstCheck = Np_BoundFind(pstRow, pstField, pstRow->pstCheck);
+         pstCheck != pstEnd; pstCheck = Np_BoundFind(pstRow, pstField, pstCheck + 1)) {
+        if (pstCheck->pstWhen == nullptr ||
+            (pvRecord != nullptr && Np_Row_IsThere(pstCheck->pstWhen, pvRecord))) {
+            return pstCheck;
+        }
+        if (!Np_IsOfOther(pstCheck, pstField) &&
+            (pstWidest == nullptr ||
+             Np_Row_LimitMax(&pstWidest->stLimit) < Np_Row_LimitMax(&pstCheck->stLimit))) {
+            pstWidest = pstCheck;
+        }
+    }
+    return pstWidest;
 }
 
 [[gnu::cold]] void Np_Row_TraceFields(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere)
@@ -551,14 +663,18 @@ const NpCheck *Np_Row_FieldCheck(const NpRow *pstRow, const NpField *pstField)
     uint32_t ulUsed = 0;
     for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
         const NpField *pstField = &pstRow->pstField[i];
-        if (pstField->ucFrom != 0) {
+        if (pstField->ucFrom != 0 || pstField->ucMove == NP_MOVE_CONST || pstField->bFar ||
+            (!pstField->bFree && !Np_Row_IsThere(pstField->pstWhen, pvRecord))) {
             continue;  // the first part has traced the value
         }
         ulUsed = Np_TraceField(pstField, pvRecord, acText, ulUsed);
-        if (ulUsed + NP_TRACE_FIELD >= NP_TRACE_TEXT || i + 1 == pstRow->usFieldNum) {
+        if (ulUsed + NP_TRACE_FIELD >= NP_TRACE_TEXT) {
             NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_TRACE, " %s\r\n", acText);
             ulUsed = 0;
         }
+    }
+    if (ulUsed != 0) {
+        NP_TRACE_AT(stWhere, pstRow->ucModule, NP_PRINT_TRACE, " %s\r\n", acText);
     }
 }
 
@@ -606,10 +722,14 @@ uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecor
         }
         return NP_OK;
     }
-    const NpField *pstEnd = pstRow->pstField + pstRow->usFieldNum;
-    NpSelected stSelected = {};
+    const NpField *pstEnd = pstRow->pstField + pstRow->usStoredNum;
     for (const NpField *pstField = pstRow->pstField; pstField != pstEnd; pstField++) {
-        if (!Np_IsSelected(pstField->stWhen, pucRecord, &stSelected)) {
+        if (pstField->bPlain) [[likely]] {
+            Np_PutWord(pucImage + pstField->usWord, pstField->ucShift, pstField->ulMask,
+                       Np_Word(pucRecord + pstField->usOffset));
+            continue;
+        }
+        if (!Np_Row_IsThere(pstField->pstWhen, pucRecord)) {
             continue;
         }
         const uint32_t ulReturn =
@@ -638,20 +758,23 @@ uint32_t Np_Row_Parse(const NpRow *pstRow, uint32_t ulChipID, const void *pvImag
     const uint8_t *pucImage = static_cast<const uint8_t *>(pvImage);
     uint8_t *pucRecord = static_cast<uint8_t *>(pvRecord);
     if (pstRow->bParseClears) {
-        memset(pucRecord, 0, pstRow->usRecordSize);
+        Np_RecordClear(pstRow, pucRecord);
     }
-    const NpField *pstEnd = pstRow->pstField + pstRow->usFieldNum;
-    NpSelected stSelected = {};
+    const NpField *pstEnd = pstRow->pstField + pstRow->usStoredNum;
+    const bool bOrdered = pstRow->bOrdered;
     for (const NpField *pstField = pstRow->pstField; pstField != pstEnd; pstField++) {
         if (pstField->bPlain) [[likely]] {
             Np_TakeWord(pstField, pucImage, pucRecord);
             continue;
         }
-        if (!Np_IsSelected(pstField->stWhen, pucRecord, &stSelected)) {
+        if (pstField->pstWhen != nullptr && !pstField->bRead &&
+            (bOrdered ? !Np_Row_IsThere(pstField->pstWhen, pucRecord)
+                      : !Np_ParseHolds(pstRow, pstField->pstWhen, pucImage, pucRecord))) {
             continue;
         }
         switch (pstField->ucMove) {
             case NP_MOVE_NONE:
+            case NP_MOVE_CONST:
                 break;
             case NP_MOVE_WORD:
                 Np_TakeWord(pstField, pucImage, pucRecord);

@@ -7,10 +7,10 @@
 #include "sdk/access/counter.h"
 #include "sdk/access/regtable.h"
 #include "sdk/cpuchan/message.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/lookup/eml.h"
 #include "sdk/tables/secu.h"
 
@@ -48,7 +48,8 @@ struct NpMacTable {
     const NpRow *pstIndex;
     // What follows when a dynamic entry, given by its old item, was made static (bGone false) or
     // went.
-    uint32_t (*pfnReplaced)(uint32_t ulChipID, const uint32_t *pulItem, bool bGone);
+    uint32_t (*pfnReplaced)(uint32_t ulChipID, const uint32_t *pulItem, bool bGone,
+                            NpWhere stWhere);
 };
 
 struct NpItem {
@@ -138,10 +139,10 @@ uint32_t Np_ArlCreditBack(uint32_t ulChipID, const NpArlData *pstData)
     return Np_CreditBack(ulChipID, NP_CNT_GLB_MAC_LMT, 0);
 }
 
-uint32_t Np_ArlReplaced(uint32_t ulChipID, const uint32_t *pulItem, bool bGone)
+uint32_t Np_ArlReplaced(uint32_t ulChipID, const uint32_t *pulItem, bool bGone, NpWhere stWhere)
 {
     NpArlData stData;
-    uint32_t ulReturn = Np_Row_Parse(&g_stArlDataRow, ulChipID, pulItem, &stData);
+    uint32_t ulReturn = Np_Row_Parse(&g_stArlDataRow, ulChipID, pulItem, &stData, stWhere);
     const bool bPort = (pulItem[3] >> 24 & 0xf) == NP_ARL_TYPE_PORT;
     if (ulReturn == NP_OK && !bPort) {
         ulReturn = Np_ArlCreditBack(ulChipID, &stData);
@@ -152,13 +153,13 @@ uint32_t Np_ArlReplaced(uint32_t ulChipID, const uint32_t *pulItem, bool bGone)
         return ulReturn;
     }
     return Np_Tarn_SECU_UvtFlagSet(ulChipID, stData.ulVmacID,
-                                   bPort ? NP_UVT_UMAC_USED : NP_UVT_VMAC_USED, 0);
+                                   bPort ? NP_UVT_UMAC_USED : NP_UVT_VMAC_USED, 0, stWhere);
 }
 
-uint32_t Np_LanMacReplaced(uint32_t ulChipID, const uint32_t *pulItem, bool)
+uint32_t Np_LanMacReplaced(uint32_t ulChipID, const uint32_t *pulItem, bool, NpWhere stWhere)
 {
     NpLanMacData stData;
-    uint32_t ulReturn = Np_Row_Parse(&g_stLanMacDataRow, ulChipID, pulItem, &stData);
+    uint32_t ulReturn = Np_Row_Parse(&g_stLanMacDataRow, ulChipID, pulItem, &stData, stWhere);
     if (ulReturn == NP_OK) {
         ulReturn = Np_CreditBack(ulChipID, NP_CNT_GLB_LANMAC_LIMIT, 0);
     }
@@ -186,8 +187,17 @@ uint32_t Np_Settle(const NpMacTable &stTable, uint32_t ulChipID, const NpItem &s
                    NpWhere stWhere)
 {
     const uint32_t ulReturn =
-        Np_IsDynamic(stOld) ? stTable.pfnReplaced(ulChipID, stOld.aulWord, bGone) : NP_OK;
+        Np_IsDynamic(stOld) ? stTable.pfnReplaced(ulChipID, stOld.aulWord, bGone, stWhere) : NP_OK;
     return ulReturn == NP_OK ? NP_OK : Np_Failed(ulReturn, stWhere);
+}
+
+// What the table has for a key. One that is not there leaves the item as the build made it; one
+// that cannot be looked up may hold a credit that would be lost.
+uint32_t Np_MacLook(const NpMacTable &stTable, uint32_t ulChipID, NpItem *pstItem)
+{
+    const uint32_t ulReturn =
+        Np_Tarn_EML_ItemGet(ulChipID, stTable.ulEmlTable, nullptr, nullptr, pstItem->aulWord);
+    return ulReturn == NP_ERR_NOT_EXIST ? NP_OK : ulReturn;
 }
 
 uint32_t Np_MacAdd(const NpMacTable &stTable, uint32_t ulChipID, const void *pvKey,
@@ -210,8 +220,10 @@ uint32_t Np_MacAdd(const NpMacTable &stTable, uint32_t ulChipID, const void *pvK
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    // A key that is not there, or cannot be looked up, leaves the item as the build made it.
-    Np_Tarn_EML_ItemGet(ulChipID, stTable.ulEmlTable, nullptr, nullptr, stItem.aulWord);
+    ulReturn = Np_MacLook(stTable, ulChipID, &stItem);
+    if (ulReturn != NP_OK) {
+        return Np_Failed(ulReturn, stWhere);
+    }
     const NpItem stOld = stItem;
     Np_MacStatusSet(stItem.aulWord, NP_EML_STATUS_STATIC);
     ulReturn = Np_AdBuild(stTable.pstData, ulChipID, pvData, stItem.aulWord, stWhere);
@@ -247,7 +259,10 @@ uint32_t Np_MacDel(const NpMacTable &stTable, uint32_t ulChipID, uint32_t ulDelT
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
-    Np_Tarn_EML_ItemGet(ulChipID, stTable.ulEmlTable, nullptr, nullptr, stItem.aulWord);
+    ulReturn = Np_MacLook(stTable, ulChipID, &stItem);
+    if (ulReturn != NP_OK) {
+        return Np_Failed(ulReturn, stWhere);
+    }
     const NpItem stOld = stItem;
     ulReturn = Np_Tarn_EML_ItemDel(ulChipID, stTable.ulEmlTable, ulDelType, stItem.aulWord);
     if (ulReturn != NP_OK) {

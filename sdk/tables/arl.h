@@ -61,10 +61,22 @@ uint32_t Np_Tarn_Arl_LanMacTblAdParse(uint32_t ulChipID, const void *pstItem, ui
 uint32_t Np_Tarn_Arl_NormalAgeInfoCheck(uint32_t ulChipID, const NpNormalAge *pstNormalAge);
 uint32_t Np_Tarn_Arl_ForceAgeInfoCheck(uint32_t ulChipID, const NpForceAge *pstForceAge);
 
-NP_ROW_DECLARE(Np_Tarn_Arl_VmacOffsetTbl, NpVmacOffset)
-NP_ROW_DECLARE(Np_Tarn_Arl_PortMacLimitTbl, NpPortLimitNum)
-NP_ROW_DECLARE(Np_Tarn_Arl_GlbLanMacLimitTbl, NpGlbLimitNum)
-NP_ROW_DECLARE(Np_Tarn_Arl_LearnStateTbl, NpDynamicLrnState)
+NP_ROW_TRACE(Np_Tarn_Arl_VmacOffsetTblParaTrace, NpVmacOffset, g_stVmacOffsetTable);
+NP_ROW_CHECK(Np_Tarn_Arl_VmacOffsetTblParaCheck, NpVmacOffset, g_stVmacOffsetTable);
+NP_ROW_BUILD(Np_Tarn_Arl_VmacOffsetTblBuild, NpVmacOffset, g_stVmacOffsetTable, 0);
+NP_ROW_PARSE(Np_Tarn_Arl_VmacOffsetTblParse, NpVmacOffset, g_stVmacOffsetTable, 0);
+NP_ROW_TRACE(Np_Tarn_Arl_PortMacLimitTblParaTrace, NpPortLimitNum, g_stPortMacLimitTable);
+NP_ROW_CHECK(Np_Tarn_Arl_PortMacLimitTblParaCheck, NpPortLimitNum, g_stPortMacLimitTable);
+NP_ROW_BUILD(Np_Tarn_Arl_PortMacLimitTblBuild, NpPortLimitNum, g_stPortMacLimitTable, 0);
+NP_ROW_PARSE(Np_Tarn_Arl_PortMacLimitTblParse, NpPortLimitNum, g_stPortMacLimitTable, 0);
+NP_ROW_TRACE(Np_Tarn_Arl_GlbLanMacLimitTblParaTrace, NpGlbLimitNum, g_stGlbLanMacLimitTable);
+NP_ROW_CHECK(Np_Tarn_Arl_GlbLanMacLimitTblParaCheck, NpGlbLimitNum, g_stGlbLanMacLimitTable);
+NP_ROW_BUILD(Np_Tarn_Arl_GlbLanMacLimitTblBuild, NpGlbLimitNum, g_stGlbLanMacLimitTable, 0);
+NP_ROW_PARSE(Np_Tarn_Arl_GlbLanMacLimitTblParse, NpGlbLimitNum, g_stGlbLanMacLimitTable, 0);
+NP_ROW_TRACE(Np_Tarn_Arl_LearnStateTblParaTrace, NpDynamicLrnState, g_stLearnStateTable);
+NP_ROW_CHECK(Np_Tarn_Arl_LearnStateTblParaCheck, NpDynamicLrnState, g_stLearnStateTable);
+NP_ROW_BUILD(Np_Tarn_Arl_LearnStateTblBuild, NpDynamicLrnState, g_stLearnStateTable, 0);
+NP_ROW_PARSE(Np_Tarn_Arl_LearnStateTblParse, NpDynamicLrnState, g_stLearnStateTable, 0);
 
 }  // extern "C"
 

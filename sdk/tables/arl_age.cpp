@@ -5,10 +5,10 @@
 #include "ldsdk/status.h"
 #include "sdk/access/regtable.h"
 #include "sdk/cpuchan/message.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/text.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/text.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/lookup/eml.h"
 #include "sdk/tables/arl.h"
 
@@ -30,16 +30,15 @@ enum NpUvmacType : uint32_t {
     NP_UVMAC_OF_TARGET = 1,
 };
 
-uint32_t Np_NullRecord(const char *pszFunc)
+uint32_t Np_NullRecord(NpWhere stWhere = Np_Here())
 {
-    NP_TRACE_AT((NpWhere{pszFunc, __LINE__}), NP_M_ARL, NP_PRINT_ERROR, "Para null ptr\r\n");
+    NP_TRACE_AT(stWhere, NP_M_ARL, NP_PRINT_ERROR, "Para null ptr\r\n");
     return NP_ERR_NULL_PTR;
 }
 
-uint32_t Np_Failed(uint32_t ulReturn, const char *pszFunc)
+uint32_t Np_Failed(uint32_t ulReturn, NpWhere stWhere = Np_Here())
 {
-    NP_TRACE_AT((NpWhere{pszFunc, __LINE__}), NP_M_ARL, NP_PRINT_ERROR,
-                "Func error return: 0x%08x \r\n", ulReturn);
+    NP_TRACE_AT(stWhere, NP_M_ARL, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
     return ulReturn;
 }
 
@@ -65,7 +64,8 @@ NpArlKey Np_UserMacKey(const NpPortID &stPort, const uint8_t *pucMac, uint32_t u
 }
 
 // The status that an age mode gives.
-uint32_t Np_AgeModeStatus(uint32_t ulChipID, uint32_t ulAgeMode, uint32_t *pulStatus)
+uint32_t Np_AgeModeStatus(uint32_t ulChipID, uint32_t ulAgeMode, uint32_t *pulStatus,
+                          NpWhere stWhere = Np_Here())
 {
     *pulStatus = ulAgeMode == NP_AGE_MODE_NEVER ? static_cast<uint32_t>(NP_EML_STATUS_STATIC)
                                                 : static_cast<uint32_t>(NP_EML_STATUS_EMPTY);
@@ -75,23 +75,26 @@ uint32_t Np_AgeModeStatus(uint32_t ulChipID, uint32_t ulAgeMode, uint32_t *pulSt
     uint32_t aulRow[NP_GLOBAL_WORDS];
     const uint32_t ulReturn = Np_RegTableRead(ulChipID, NP_GLOBAL_TABLE, 0, aulRow);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_ARL, NP_PRINT_ERROR, "Read error return:0x%08x  ID:0x%08x Offset:0x%08x\r\n",
-                 ulReturn, NP_GLOBAL_TABLE, 0u);
+        NP_TRACE_AT(stWhere, NP_M_ARL, NP_PRINT_ERROR,
+                    "Read error return:0x%08x  ID:0x%08x Offset:0x%08x\r\n", ulReturn,
+                    NP_GLOBAL_TABLE, 0u);
         return ulReturn;
     }
     *pulStatus = aulRow[0] >> NP_AGE_CLASS_SHIFT;
     return NP_OK;
 }
 
-void Np_VmacDiffers(uint32_t ulVmacID, const uint8_t *pucKey, const uint8_t *pucRow)
+void Np_VmacDiffers(uint32_t ulVmacID, const uint8_t *pucKey, const uint8_t *pucRow,
+                    NpWhere stWhere = Np_Here())
 {
-    NP_TRACE(NP_M_ARL, NP_PRINT_ERROR, "[ERROR] Vmac Compare Failed!!! ulVmacIndex=0x%08x \r\n",
-             ulVmacID);
-    NP_TRACE(NP_M_ARL, NP_PRINT_ERROR,
-             "pstArlAgeModeKey->aucVmacAddr= 0x(%02x-%02x-%02x-%02x-%02x-%02x)\r\n", pucKey[0],
-             pucKey[1], pucKey[2], pucKey[3], pucKey[4], pucKey[5]);
-    NP_TRACE(NP_M_ARL, NP_PRINT_ERROR, "stUvt.aucVmac= 0x(%02x-%02x-%02x-%02x-%02x-%02x)\r\n",
-             pucRow[0], pucRow[1], pucRow[2], pucRow[3], pucRow[4], pucRow[5]);
+    NP_TRACE_AT(stWhere, NP_M_ARL, NP_PRINT_ERROR,
+                "[ERROR] Vmac Compare Failed!!! ulVmacIndex=0x%08x \r\n", ulVmacID);
+    NP_TRACE_AT(stWhere, NP_M_ARL, NP_PRINT_ERROR,
+                "pstArlAgeModeKey->aucVmacAddr= 0x(%02x-%02x-%02x-%02x-%02x-%02x)\r\n", pucKey[0],
+                pucKey[1], pucKey[2], pucKey[3], pucKey[4], pucKey[5]);
+    NP_TRACE_AT(stWhere, NP_M_ARL, NP_PRINT_ERROR,
+                "stUvt.aucVmac= 0x(%02x-%02x-%02x-%02x-%02x-%02x)\r\n", pucRow[0], pucRow[1],
+                pucRow[2], pucRow[3], pucRow[4], pucRow[5]);
 }
 
 // ---- user MACs of a port ------------------------------------------------------------------------
@@ -143,13 +146,13 @@ extern "C" {
 
 uint32_t Np_Tarn_Arl_NormalAgeInfoCheck(uint32_t ulChipID, const NpNormalAge *pstNormalAge)
 {
-    return pstNormalAge == nullptr ? Np_NullRecord(__func__)
+    return pstNormalAge == nullptr ? Np_NullRecord()
                                    : Np_Row_Check(&g_stNormalAgeRow, ulChipID, pstNormalAge);
 }
 
 uint32_t Np_Tarn_Arl_ForceAgeInfoCheck(uint32_t ulChipID, const NpForceAge *pstForceAge)
 {
-    return pstForceAge == nullptr ? Np_NullRecord(__func__)
+    return pstForceAge == nullptr ? Np_NullRecord()
                                   : Np_Row_Check(&g_stForceAgeRow, ulChipID, pstForceAge);
 }
 
@@ -166,7 +169,7 @@ uint32_t Np_Tarn_Arl_ArlTbl_NormalAge(uint32_t ulChipID, const NpNormalAge *pstN
     if (ulReturn == NP_OK) {
         ulReturn = Np_Tarn_CputrMsg_NormalAgeInfoSet(ulChipID, &stInfo);
     }
-    return ulReturn == NP_OK ? NP_OK : Np_Failed(ulReturn, __func__);
+    return ulReturn == NP_OK ? NP_OK : Np_Failed(ulReturn);
 }
 
 uint32_t Np_Tarn_Arl_ArlTbl_ForceAge(uint32_t ulChipID, const NpForceAge *pstForceAge)
@@ -182,7 +185,7 @@ uint32_t Np_Tarn_Arl_ArlTbl_ForceAge(uint32_t ulChipID, const NpForceAge *pstFor
     if (ulReturn == NP_OK) {
         ulReturn = Np_Tarn_CputrMsg_ForceAgeInfoSet(ulChipID, &stInfo);
     }
-    return ulReturn == NP_OK ? NP_OK : Np_Failed(ulReturn, __func__);
+    return ulReturn == NP_OK ? NP_OK : Np_Failed(ulReturn);
 }
 
 uint32_t Np_Tarn_ArlTbl_AgeModeSet(uint32_t ulChipID, const NpArlAgeModeKey *pstArlAgeModeKey,
@@ -191,7 +194,7 @@ uint32_t Np_Tarn_ArlTbl_AgeModeSet(uint32_t ulChipID, const NpArlAgeModeKey *pst
     NP_TRACE(NP_M_ARL, NP_PRINT_TRACE, " in ulChipID=0x%08x\r\n", ulChipID);
     Np_Row_Trace(&g_stAgeModeArgs, &ulAgeMode);
     if (pstArlAgeModeKey == nullptr) {
-        return Np_NullRecord(__func__);
+        return Np_NullRecord();
     }
     Np_Row_Trace(&g_stArlAgeModeKeyRow, pstArlAgeModeKey);
     uint32_t ulReturn = Np_Row_Check(&g_stAgeModeArgs, ulChipID, &ulAgeMode);
@@ -210,14 +213,14 @@ uint32_t Np_Tarn_ArlTbl_AgeModeSet(uint32_t ulChipID, const NpArlAgeModeKey *pst
     }
     ulReturn = Np_Tarn_EML_ItemGet(ulChipID, NP_EML_MAC, nullptr, nullptr, aulItem);
     if (ulReturn != NP_OK) {
-        return Np_Failed(ulReturn, __func__);
+        return Np_Failed(ulReturn);
     }
     // Whatever kind of MAC the entry says that it is.
     const uint32_t ulVmacID = aulItem[0] >> 4 & 0xfff;
     NpUvt stUvt;
     ulReturn = Np_UvtTbl_Get(ulChipID, ulVmacID, &stUvt);
     if (ulReturn != NP_OK) {
-        return Np_Failed(ulReturn, __func__);
+        return Np_Failed(ulReturn);
     }
     if (!Np_SameMac(stUvt.aucVmac, pstArlAgeModeKey->aucVmacAddr)) {
         Np_VmacDiffers(ulVmacID, pstArlAgeModeKey->aucVmacAddr, stUvt.aucVmac);
@@ -231,7 +234,7 @@ uint32_t Np_Tarn_ArlTbl_AgeModeSet(uint32_t ulChipID, const NpArlAgeModeKey *pst
     Np_MacStatusSet(aulItem, ulStatus);
     ulReturn = Np_Tarn_EML_SearchUpdate(ulChipID, NP_EML_MAC, nullptr,
                                         reinterpret_cast<const uint8_t *>(aulItem));
-    return ulReturn == NP_OK ? NP_OK : Np_Failed(ulReturn, __func__);
+    return ulReturn == NP_OK ? NP_OK : Np_Failed(ulReturn);
 }
 
 uint32_t Np_Tarn_UVMacInfo_Get(uint32_t ulChipID, const NpUvmacInfoKey *pstUvmacInfoKey,
@@ -239,7 +242,7 @@ uint32_t Np_Tarn_UVMacInfo_Get(uint32_t ulChipID, const NpUvmacInfoKey *pstUvmac
 {
     NP_TRACE(NP_M_ARL, NP_PRINT_TRACE, " in ulChipID=0x%08x\r\n", ulChipID);
     if (pstUvmacInfoKey == nullptr || pulNum == nullptr || pstUvmacInfoAd == nullptr) {
-        return Np_NullRecord(__func__);
+        return Np_NullRecord();
     }
     Np_Row_Trace(&g_stUvmacInfoKeyRow, pstUvmacInfoKey);
     uint32_t ulReturn = Np_Row_Check(&g_stUvmacInfoKeyRow, ulChipID, pstUvmacInfoKey);
@@ -249,7 +252,7 @@ uint32_t Np_Tarn_UVMacInfo_Get(uint32_t ulChipID, const NpUvmacInfoKey *pstUvmac
     NpPortVmacInfo stRange;
     ulReturn = Np_VmacRangeGet(ulChipID, &pstUvmacInfoKey->stPort, &stRange);
     if (ulReturn != NP_OK) {
-        return Np_Failed(ulReturn, __func__);
+        return Np_Failed(ulReturn);
     }
     const uint32_t ulRows =
         stRange.ulVmacNumber < NP_UVMAC_ROOM ? stRange.ulVmacNumber : NP_UVMAC_ROOM;
@@ -261,7 +264,7 @@ uint32_t Np_Tarn_UVMacInfo_Get(uint32_t ulChipID, const NpUvmacInfoKey *pstUvmac
             ulReturn = Np_UvmacReport(ulChipID, pstUvmacInfoKey, stUvt, pstUvmacInfoAd, &ulNum);
         }
         if (ulReturn != NP_OK) {
-            return Np_Failed(ulReturn, __func__);
+            return Np_Failed(ulReturn);
         }
     }
     *pulNum = ulNum;

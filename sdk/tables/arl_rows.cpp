@@ -1,8 +1,8 @@
 // The rows of the MAC family. Items are four words, the lowest first: the AD takes words 0 and 1 up
 // to bit 19, the key the rest but the uppermost four bits, the status.
 #include "ldsdk/status.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/record/describe.h"
 #include "sdk/tables/arl.h"
 
@@ -27,32 +27,33 @@ constexpr uint32_t NP_HAS_SESSION = Np_Types(13);
 constexpr uint32_t NP_HAS_PORT = Np_Types(NP_ARL_TYPE_PORT);
 constexpr NpField g_astField[] = {
     NP_F(ulType, .stAt = {12, 27, 24}),
-    NP_F(ulSvlanID, .stAt = {4, 39, 28}, .stWhen = NP_WHEN(ulType, NP_HAS_VLAN)),
-    NP_F(ulSvlanID, .stAt = {12, 23, 12}, .stWhen = NP_WHEN(ulType, NP_HAS_VLAN_HIGH)),
-    NP_F(ulCvlanID, .stAt = {8, 19, 8}, .stWhen = NP_WHEN(ulType, NP_HAS_CVLAN)),
-    NP_F(ulSvlan1p, .stAt = {8, 11, 9}, .stWhen = NP_WHEN(ulType, Np_Types(11))),
+    NP_F(ulSvlanID, .stAt = {4, 39, 28}, .pstWhen = NP_WHEN(ulType, NP_HAS_VLAN)),
+    NP_F(ulSvlanID, .stAt = {12, 23, 12}, .pstWhen = NP_WHEN(ulType, NP_HAS_VLAN_HIGH)),
+    NP_F(ulCvlanID, .stAt = {8, 19, 8}, .pstWhen = NP_WHEN(ulType, NP_HAS_CVLAN)),
+    NP_F(ulSvlan1p, .stAt = {8, 11, 9}, .pstWhen = NP_WHEN(ulType, Np_Types(11))),
     NP_F(ulCvlan1p, .bLost = true, .bHidden = true),
-    NP_F(ulSip, .stAt = {8, 27, 8}, .ucType = NP_SMD_IPV4, .stWhen = NP_WHEN(ulType, Np_Types(1)),
+    NP_F(ulSip, .stAt = {8, 27, 8}, .ucType = NP_SMD_IPV4, .pstWhen = NP_WHEN(ulType, Np_Types(1)),
          .bCut = true),
-    NP_F(ulSip, .stAt = {4, 55, 24}, .ucType = NP_SMD_IPV4, .stWhen = NP_WHEN(ulType, Np_Types(3))),
-    NP_F(ulDip, .stAt = {8, 55, 28}, .ucType = NP_SMD_IPV4, .stWhen = NP_WHEN(ulType, Np_Types(1)),
+    NP_F(ulSip, .stAt = {4, 55, 24}, .ucType = NP_SMD_IPV4,
+         .pstWhen = NP_WHEN(ulType, Np_Types(3))),
+    NP_F(ulDip, .stAt = {8, 55, 28}, .ucType = NP_SMD_IPV4, .pstWhen = NP_WHEN(ulType, Np_Types(1)),
          .bCut = true),
     NP_F(ulDip, .stAt = {8, 55, 24}, .ucType = NP_SMD_IPV4,
-         .stWhen = NP_WHEN(ulType, Np_Types(2, 3))),
+         .pstWhen = NP_WHEN(ulType, Np_Types(2, 3))),
     NP_F(ulDip, .stAt = {8, 43, 12}, .ucType = NP_SMD_IPV4,
-         .stWhen = NP_WHEN(ulType, NP_HAS_VLAN_HIGH)),
-    NP_F(ulSessionID, .stAt = {8, 23, 8}, .stWhen = NP_WHEN(ulType, NP_HAS_SESSION)),
-    NP_F(stPort, .stAt = {4, 37, 28}, .stWhen = NP_WHEN(ulType, NP_HAS_PORT),
+         .pstWhen = NP_WHEN(ulType, NP_HAS_VLAN_HIGH)),
+    NP_F(ulSessionID, .stAt = {8, 23, 8}, .pstWhen = NP_WHEN(ulType, NP_HAS_SESSION)),
+    NP_F(stPort, .stAt = {4, 37, 28}, .pstWhen = NP_WHEN(ulType, NP_HAS_PORT),
          .pstCoding = &g_stNpPortCoding),
-    NP_F(ulVsi, .stAt = {4, 27, 24}, .stWhen = NP_WHEN(ulType, NP_HAS_VSI)),
-    NP_F(ulScUnMode, .stAt = {4, 21, 20}, .stWhen = NP_WHEN(ulType, Np_Types(12))),
+    NP_F(ulVsi, .stAt = {4, 27, 24}, .pstWhen = NP_WHEN(ulType, NP_HAS_VSI)),
+    NP_F(ulScUnMode, .stAt = {4, 21, 20}, .pstWhen = NP_WHEN(ulType, Np_Types(12))),
     NP_F(ulAoeCtrlWord, .bLost = true, .bHidden = true),
     NP_F(aucMacAddr, .stAt = {14, 7, 0}, .sStep = -8, .ucType = NP_SMD_MAC,
-         .stWhen = NP_WHEN(ulType, NP_HAS_MAC)),
+         .pstWhen = NP_WHEN(ulType, NP_HAS_MAC)),
     // A session has the MAC's last four bytes; the command line still takes all six.
-    NP_F(aucMacAddr, .ucType = NP_SMD_MAC, .stWhen = NP_WHEN(ulType, NP_HAS_SESSION),
+    NP_F(aucMacAddr, .ucType = NP_SMD_MAC, .pstWhen = NP_WHEN(ulType, NP_HAS_SESSION),
          .bLost = true),
-    NP_F(aucMacAddr, .stAt = {14, 7, 0}, .sStep = -8, .stWhen = NP_WHEN(ulType, NP_HAS_SESSION),
+    NP_F(aucMacAddr, .stAt = {14, 7, 0}, .sStep = -8, .pstWhen = NP_WHEN(ulType, NP_HAS_SESSION),
          .bHidden = true, .usFirst = 2),
 };
 constexpr NpCheck g_astCheck[] = {
@@ -65,7 +66,7 @@ constexpr NpCheck g_astCheck[] = {
     NP_C(ulVsi, Np_MostCap(NP_CAP_VSI_MAX)),
     NP_C(ulAoeCtrlWord, Np_MostCap(NP_CAP_ARL_PARAM_MAX)),
     NP_C(ulScUnMode, Np_Below(4)),
-    NP_C(stPort, Np_Port(), .stWhen = NP_WHEN(ulType, NP_HAS_PORT)),
+    NP_C(stPort, Np_Port(), .pstWhen = NP_WHEN(ulType, NP_HAS_PORT)),
 };
 }  // namespace arl_key
 
@@ -80,10 +81,10 @@ constexpr NpField g_astField[] = {
     NP_F(ulPfEnable, .stAt = {4, 3, 3}),
     NP_F(ulClass, .stAt = {4, 2, 1}, .stWords = g_astClassWords),
     NP_F(ulVmac, .stAt = {0, 1, 1}),
-    NP_F(ulVmacID, .stAt = {0, 15, 4}, .stWhen = NP_WHEN(ulVmac, NP_VIRTUAL_MAC)),
-    NP_F(ulMdiEnable, .stAt = {0, 15, 15}, .stWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
-    NP_F(ulMdiID, .stAt = {0, 14, 13}, .stWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
-    NP_F(ulMcnID, .stAt = {0, 12, 11}, .stWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
+    NP_F(ulVmacID, .stAt = {0, 15, 4}, .pstWhen = NP_WHEN(ulVmac, NP_VIRTUAL_MAC)),
+    NP_F(ulMdiEnable, .stAt = {0, 15, 15}, .pstWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
+    NP_F(ulMdiID, .stAt = {0, 14, 13}, .pstWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
+    NP_F(ulMcnID, .stAt = {0, 12, 11}, .pstWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
     NP_F(ulL3, .stAt = {0, 3, 3}),
     NP_F(ulIftID, .stAt = {0, 32, 20}),
 };
@@ -92,12 +93,12 @@ constexpr NpCheck g_astCheck[] = {
     NP_C(stLearnData.ulIntfID, Np_MostCap(NP_CAP_UV_KEY_MAX)),
     NP_C(ulIftID, Np_BelowCap(NP_CAP_FLOW_NUM)),
     NP_C(ulClass, Np_Below(4)),
-    NP_C(ulVmacID, Np_MostCap(NP_CAP_VLAN_ID_MAX), .stWhen = NP_WHEN(ulVmac, NP_VIRTUAL_MAC)),
-    NP_C(ulMdiID, Np_MostCap(NP_CAP_MDI_ID_MAX), .stWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
-    NP_C(ulMcnID, Np_MostCap(NP_CAP_MC_STAT_MAX), .stWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
+    NP_C(ulVmacID, Np_MostCap(NP_CAP_VLAN_ID_MAX), .pstWhen = NP_WHEN(ulVmac, NP_VIRTUAL_MAC)),
+    NP_C(ulMdiID, Np_MostCap(NP_CAP_MDI_ID_MAX), .pstWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
+    NP_C(ulMcnID, Np_MostCap(NP_CAP_MC_STAT_MAX), .pstWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
     NP_C(ulPfEnable, Np_Flag(NP_SAY_ENABLE)),
     NP_C(ulVmac, Np_Flag(NP_SAY_ENABLE)),
-    NP_C(ulMdiEnable, Np_Flag(NP_SAY_ENABLE), .stWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
+    NP_C(ulMdiEnable, Np_Flag(NP_SAY_ENABLE), .pstWhen = NP_WHEN(ulVmac, NP_REAL_MAC)),
     NP_C(ulL3, Np_Flag(NP_SAY_ENABLE)),
 };
 }  // namespace arl_data
@@ -136,8 +137,8 @@ using R = NpUvmacInfoKey;
 constexpr NpField g_astField[] = {
     NP_F(ulType),
     NP_F(stPort),
-    NP_F(stLearnData.ulOpCode, .stWhen = NP_WHEN(ulType, 1u << 1)),
-    NP_F(stLearnData.ulIntfID, .stWhen = NP_WHEN(ulType, 1u << 1)),
+    NP_F(stLearnData.ulOpCode, .pstWhen = NP_WHEN(ulType, 1u << 1)),
+    NP_F(stLearnData.ulIntfID, .pstWhen = NP_WHEN(ulType, 1u << 1)),
 };
 constexpr NpCheck g_astCheck[] = {
     NP_C(ulType, Np_Below(2)),
@@ -341,13 +342,11 @@ constexpr NpTable g_stLearnStateTable = Np_TableMake(g_stLearnStateArgs, state_r
 
 extern "C" {
 
-NP_ROW_FUNCTIONS(Np_Tarn_Arl_VmacOffsetTbl, NpVmacOffset, g_stVmacOffsetTable)
-NP_ROW_FUNCTIONS(Np_Tarn_Arl_PortMacLimitTbl, NpPortLimitNum, g_stPortMacLimitTable)
-NP_ROW_FUNCTIONS(Np_Tarn_Arl_GlbLanMacLimitTbl, NpGlbLimitNum, g_stGlbLanMacLimitTable)
-NP_ROW_FUNCTIONS(Np_Tarn_Arl_LearnStateTbl, NpDynamicLrnState, g_stLearnStateTable)
-
-NP_TABLE_FUNCTIONS(Np_Tarn_VmacOffsetTbl, NpVmacOffset, g_stVmacOffsetTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_Arl_PortMacLimitTbl, NpPortLimitNum, g_stPortMacLimitTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_Arl_GlbLanMacLimitTbl, NpGlbLimitNum, g_stGlbLanMacLimitTable)
+NP_TABLE_SET(Np_Tarn_VmacOffsetTbl_Set, NpVmacOffset, g_stVmacOffsetTable)
+NP_TABLE_GET(Np_Tarn_VmacOffsetTbl_Get, NpVmacOffset, g_stVmacOffsetTable)
+NP_TABLE_SET(Np_Tarn_Arl_PortMacLimitTbl_Set, NpPortLimitNum, g_stPortMacLimitTable)
+NP_TABLE_GET(Np_Tarn_Arl_PortMacLimitTbl_Get, NpPortLimitNum, g_stPortMacLimitTable)
+NP_TABLE_SET(Np_Tarn_Arl_GlbLanMacLimitTbl_Set, NpGlbLimitNum, g_stGlbLanMacLimitTable)
+NP_TABLE_GET(Np_Tarn_Arl_GlbLanMacLimitTbl_Get, NpGlbLimitNum, g_stGlbLanMacLimitTable)
 
 }  // extern "C"

@@ -1,9 +1,9 @@
 #include "sdk/tables/mc.h"
 
 #include "ldsdk/status.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/record/describe.h"
 
 namespace {
@@ -39,11 +39,11 @@ constexpr NpField g_astField[] = {
     NP_F(ulValid, .stAt = {0, 31, 31}, .pszKey = "valid"),
     NP_F(ulOpCode, .stAt = {0, 15, 13}, .pszKey = "op_code", .stWords = g_astOpWords),
     NP_F(unDstintf.ulOftID, .stAt = {0, 12, 0}, .pszKey = "oft_id",
-         .stWhen = NP_WHEN(ulOpCode, 1u << NP_MET_FLOW)),
+         .pstWhen = NP_WHEN(ulOpCode, 1u << NP_MET_FLOW)),
     NP_F(unDstintf.ulBundleID, .stAt = {0, 12, 0}, .pszKey = "bundle_id",
-         .stWhen = NP_WHEN(ulOpCode, 1u << NP_MET_BUNDLE)),
+         .pstWhen = NP_WHEN(ulOpCode, 1u << NP_MET_BUNDLE)),
     NP_F(unDstintf.ulDiscardID, .stAt = {0, 12, 0}, .pszKey = "discard_id",
-         .stWhen = NP_WHEN(ulOpCode, 1u << NP_MET_DISCARD), .pstCoding = &g_stDiscardCoding),
+         .pstWhen = NP_WHEN(ulOpCode, 1u << NP_MET_DISCARD), .pstCoding = &g_stDiscardCoding),
     NP_F(ulNextMetID, .stAt = {0, 30, 16}, .pszKey = "nextmetid"),
 };
 constexpr NpCheck g_astCheck[] = {
@@ -104,19 +104,18 @@ constexpr NpRow g_stRow = Np_RowMake<R>(
 }  // namespace mdi_row
 
 // Each MDI identifier has a run of records.
-uint32_t Np_MdiRow(const uint32_t *pulKey)
+uint32_t Np_MdiPlace(uint32_t, const void *pvKey, uint32_t *pulRow, NpWhere)
 {
-    return pulKey[0] * (Np_GLB_CapGet(NP_CAP_MDI_OFFSET_MAX) + 1) + pulKey[1];
+    mdi_key::R stKey;
+    __builtin_memcpy(&stKey, pvKey, sizeof(stKey));
+    *pulRow = stKey.ulMdiID * (Np_GLB_CapGet(NP_CAP_MDI_OFFSET_MAX) + 1) + stKey.ulOffset;
+    return NP_OK;
 }
 
 // This family of tables also traces that a check failed.
-consteval NpTable Np_McTable(const NpRow &stKey, const NpRow &stRow, uint16_t usTableID,
-                             uint32_t (*pfnRowNumber)(const uint32_t *) = nullptr)
+consteval NpTable Np_McTable(const NpRow &stKey, const NpRow &stRow, uint16_t usTableID)
 {
-    NpTable stTable = Np_TableMake(stKey, stRow, usTableID);
-    stTable.pfnRowNumber = pfnRowNumber;
-    stTable.bTellsCheck = true;
-    return stTable;
+    return Np_TableOf(stKey, stRow, {.bTellsCheck = true}, Np_RegPart(usTableID));
 }
 
 }  // namespace
@@ -125,24 +124,16 @@ constexpr NpTable g_stMetTable =
     Np_McTable(NpIndexKey<NP_M_MC, NP_CAP_MET_ROWS>::g_stRow, met_row::g_stRow, 40);
 constexpr NpTable g_stBrltTable =
     Np_McTable(NpIndexKey<NP_M_MC, NP_CAP_BRLT_ROWS>::g_stRow, brlt_row::g_stRow, 41);
-constexpr NpTable g_stMdiInfoTable = Np_McTable(mdi_key::g_stRow, mdi_row::g_stRow, 55, Np_MdiRow);
+constexpr NpTable g_stMdiInfoTable =
+    Np_TableOf(mdi_key::g_stRow, mdi_row::g_stRow, {.pfnPlace = Np_MdiPlace, .bTellsCheck = true},
+               Np_RegPart(55));
 
 extern "C" {
 
-NP_ROW_FUNCTIONS(Np_Tarn_MC_MetTbl, NpMet, g_stMetTable)
-NP_ROW_FUNCTIONS(Np_Tarn_MC_BrltTbl, NpBrl, g_stBrltTable)
-NP_ROW_TRACE_FUNCTION(Np_Tarn_MC_MdiInfoTbl, NpMdiInfo, g_stMdiInfoTable)
-NP_ROW_IMAGE_FUNCTIONS(Np_Tarn_MC_MdiInfoTbl, NpMdiInfo, g_stMdiInfoTable, 0)
-
-uint32_t Np_Tarn_MC_MdiInfoTblParaCheck(uint32_t ulChipID, uint32_t ulMdiID, uint32_t ulOffset,
-                                        const NpMdiInfo *pstRecord)
-{
-    const uint32_t aulKey[] = {ulMdiID, ulOffset};
-    return Np_Table_Check(&g_stMdiInfoTable, ulChipID, aulKey, pstRecord);
-}
-
-NP_TABLE_FUNCTIONS(Np_Tarn_MetTbl, NpMet, g_stMetTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_BrltTbl, NpBrl, g_stBrltTable)
+NP_TABLE_SET(Np_Tarn_MetTbl_Set, NpMet, g_stMetTable)
+NP_TABLE_GET(Np_Tarn_MetTbl_Get, NpMet, g_stMetTable)
+NP_TABLE_SET(Np_Tarn_BrltTbl_Set, NpBrl, g_stBrltTable)
+NP_TABLE_GET(Np_Tarn_BrltTbl_Get, NpBrl, g_stBrltTable)
 
 uint32_t Np_Tarn_MdiInfoTbl_Set(uint32_t ulChipID, uint32_t ulMdiID, uint32_t ulOffset,
                                 const NpMdiInfo *pstMdiInfo)

@@ -3,9 +3,10 @@
 #include "ldsdk/status.h"
 #include "sdk/access/portid.h"
 #include "sdk/access/regtable.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/trace.h"
+#include "sdk/access/smem.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/record/describe.h"
 
 namespace {
@@ -167,16 +168,113 @@ constexpr NpRow g_stRow = Np_RowMake<R>(
     {.ucModule = NP_M_PORT, .pszArg = "pstVmacInfo", .usImageSize = 4}, g_astField, g_astCheck);
 }  // namespace vmac_row
 
-inline constexpr uint32_t NP_PCT_TABLE = 20;
-inline constexpr uint32_t NP_PCT_WORDS = 4;
+namespace lag_key {
+struct R {
+    uint32_t ulTrunkGroupID;
+};
+constexpr NpField g_astField[] = {NP_F(ulTrunkGroupID, .pszKey = "index")};
+constexpr NpCheck g_astCheck[] = {
+    NP_C(ulTrunkGroupID, Np_BelowCap(NP_CAP_LAG_ROWS), .pszText = "ulGroupID")};
+constexpr NpRow g_stRow = Np_RowMake<R>({.ucModule = NP_M_PORT}, g_astField, g_astCheck);
+}  // namespace lag_key
+
+namespace lag_row {
+using R = NpPortTrunk;
+constexpr NpField g_astField[] = {
+    NP_F(ulLbType, .stAt = {11, 7, 4}),
+    NP_F_EACH(astL2Encp, ulL2Encp, .stAt = {14, 11, 0}, .sStep = -16),
+};
+constexpr NpCheck g_astCheck[] = {
+    NP_C_EACH(astL2Encp, ulL2Encp, Np_MostCap(NP_CAP_L2_ENCAP_MAX),
+              .pszText = "astL2Encp[ulL2EncpIndex].ulL2Encp"),
+    NP_C(ulLbType, Np_Below(16)),
+};
+constexpr NpRow g_stRow = Np_RowMake<R>(
+    {.ucModule = NP_M_PORT, .pszArg = "pstLag", .usImageSize = 16}, g_astField, g_astCheck);
+}  // namespace lag_row
+
+namespace voip_key {
+struct R {
+    uint32_t ulChannelID;
+};
+constexpr NpField g_astField[] = {NP_F(ulChannelID, .pszKey = "index")};
+constexpr NpCheck g_astCheck[] = {NP_C(ulChannelID, Np_BelowCap(NP_CAP_VOIP_CHANNEL_NUM))};
+constexpr NpRow g_stRow = Np_RowMake<R>({.ucModule = NP_M_PORT}, g_astField, g_astCheck);
+}  // namespace voip_key
+
+namespace voip_row {
+using R = NpPortVoipChannel;
+constexpr NpField g_astField[] = {
+    NP_F(ulIP, .stAt = {4, 31, 0}, .ucType = NP_SMD_IPV4),
+    NP_F(ulVoipFlowID, .stAt = {2, 15, 0}),
+};
+constexpr NpCheck g_astCheck[] = {NP_C(ulVoipFlowID, Np_BelowCap(NP_CAP_FLOW_NUM))};
+constexpr NpRow g_stRow = Np_RowMake<R>(
+    {.ucModule = NP_M_PORT, .pszArg = "pstVoipChannel", .usImageSize = 8}, g_astField, g_astCheck);
+}  // namespace voip_row
+
+namespace car_row {
+using R = NpPortCarProfile;
+constexpr NpField g_astField[] = {NP_F(aulCarProfile, .stAt = {7, 7, 0}, .sStep = -8)};
+constexpr NpCheck g_astCheck[] = {
+    NP_C(aulCarProfile, Np_MostCap(NP_CAP_CAR_PROFILE_MAX), .pszText = "aulCarProfile[ulI]")};
+constexpr NpRow g_stRow = Np_RowMake<R>(
+    {.ucModule = NP_M_PORT, .pszArg = "pstCarProfile", .usImageSize = 8}, g_astField, g_astCheck);
+using Key = NpIndexKey<NP_M_PORT, NP_CAP_CAR_PROFILE_ROWS>;
+}  // namespace car_row
+
+namespace to_cpu_key {
+struct R {
+    uint32_t ulUserID;
+};
+constexpr NpField g_astField[] = {NP_F(ulUserID, .pszKey = "index")};
+constexpr NpCheck g_astCheck[] = {NP_C(ulUserID, Np_BelowCap(NP_CAP_TO_CPU_CAR_ROWS))};
+constexpr NpRow g_stRow = Np_RowMake<R>({.ucModule = NP_M_PORT}, g_astField, g_astCheck);
+}  // namespace to_cpu_key
+
+namespace to_cpu_row {
+using R = NpPortToCpuPtypeCarInfo;
+constexpr NpField g_astField[] = {
+    NP_F_EACH(astPtypeCarInfo, ulValid, .stAt = {7, 7, 7}, .sStep = -16),
+    NP_F_EACH(astPtypeCarInfo, ulThreshold, .stAt = {6, 7, 0}, .sStep = -16),
+};
+constexpr NpCheck g_astCheck[] = {
+    NP_C_EACH(astPtypeCarInfo, ulValid, Np_Flag(NP_SAY_VALID), .bWithNext = true),
+    NP_C_EACH(astPtypeCarInfo, ulThreshold, Np_MostCap(NP_CAP_PTYPE_CAR_MAX),
+              .pszText = "astPtypeCarInfo[ulI].ulThreshold"),
+};
+constexpr NpRow g_stRow =
+    Np_RowMake<R>({.ucModule = NP_M_PORT, .pszArg = "pstToCpuPtypeCarInfo", .usImageSize = 8},
+                  g_astField, g_astCheck);
+// The counters of a user stand behind the row, in the second half of its 16 bytes, the last entry's
+// lowest.
+inline constexpr uint32_t NP_PITCH = 16;
+inline constexpr uint32_t NP_FIRST_COUNTER = 14;
+}  // namespace to_cpu_row
+
+namespace loop_row {
+using R = NpPortGemportLoopQid;
+constexpr NpField g_astField[] = {
+    NP_F(ulValid, .stAt = {0, 15, 15}, .bCut = true),
+    NP_F(ulQid, .stAt = {0, 14, 0}, .bCut = true),
+};
+constexpr NpCheck g_astCheck[] = {NP_C(ulQid, Np_MostCap(NP_CAP_QID_MAX))};
+constexpr NpRow g_stRow =
+    Np_RowMake<R>({.ucModule = NP_M_PORT, .pszArg = "pstGemportLoopQid", .usImageSize = 2},
+                  g_astField, g_astCheck);
+using Key = NpIndexKey<NP_M_PORT, NP_CAP_GEMPORT_LOOP_ROWS>;
+constexpr NpSmemArray g_stArray = {NP_CAP_GEMPORT_LOOP_BASE, 2, 0, 2};
+}  // namespace loop_row
 
 // Row of a port's configuration.
-uint32_t Np_PctRowGet(uint32_t ulChipID, const NpPortID *pstPortID, uint32_t *pulRow)
+uint32_t Np_PctPlace(uint32_t ulChipID, const void *pvKey, uint32_t *pulRow, NpWhere stWhere)
 {
-    const uint32_t ulReturn = Np_PortID2PhyID(ulChipID, pstPortID, pulRow);
+    NpPortID stPort;
+    __builtin_memcpy(&stPort, pvKey, sizeof(stPort));
+    const uint32_t ulReturn = Np_PortID2PhyID(ulChipID, &stPort, pulRow);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_PORT, NP_PRINT_ERROR, "phy ID calculate failed! ulReturn=0x%08x\r\n",
-                 ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_PORT, NP_PRINT_ERROR,
+                    "phy ID calculate failed! ulReturn=0x%08x\r\n", ulReturn);
     }
     return ulReturn;
 }
@@ -185,10 +283,20 @@ uint32_t Np_PctRowGet(uint32_t ulChipID, const NpPortID *pstPortID, uint32_t *pu
 
 constexpr NpRow g_stPortKey =
     Np_RowMake<NpPortID>({.ucModule = NP_M_PORT}, port_key::g_astField, port_key::g_astCheck);
-constexpr NpRow g_stPctRow =
+static constexpr NpRow g_stPctRow =
     Np_RowMake<NpPortPct>({.ucModule = NP_M_PORT, .pszArg = "pstPort", .usImageSize = 16},
                           pct_row::g_astField, pct_row::g_astCheck);
+constexpr NpTable g_stPctTable =
+    Np_TableOf(g_stPortKey, g_stPctRow, {.pfnPlace = Np_PctPlace}, Np_RegPart(20));
 constexpr NpTable g_stVmacInfoTable = Np_TableMake(vmac_key::g_stRow, vmac_row::g_stRow, 23);
+constexpr NpTable g_stLagTable = Np_TableMake(lag_key::g_stRow, lag_row::g_stRow, 28);
+constexpr NpTable g_stVoipChannelTable = Np_TableMake(voip_key::g_stRow, voip_row::g_stRow, 24);
+constexpr NpTable g_stUpCarProfileTable = Np_TableMake(car_row::Key::g_stRow, car_row::g_stRow, 78);
+constexpr NpTable g_stDownCarProfileTable =
+    Np_TableMake(car_row::Key::g_stRow, car_row::g_stRow, 79);
+constexpr NpTable g_stToCpuCarTable = Np_TableMake(to_cpu_key::g_stRow, to_cpu_row::g_stRow, 71);
+constexpr NpTable g_stGemportLoopTable =
+    Np_TableOf(loop_row::Key::g_stRow, loop_row::g_stRow, {}, Np_SmemPart(&loop_row::g_stArray, 0));
 
 extern "C" {
 
@@ -197,89 +305,45 @@ void Np_Tarn_PORT_PortIDTrace(const NpPortID *pstPortID)
     Np_Row_Trace(&g_stPortKey, pstPortID);
 }
 
-void Np_Tarn_PORT_PctTblParaTrace(const NpPortPct *pstPct)
+NP_KEYED_SET(Np_Tarn_PctTbl_Set, NpPortID, NpPortPct, g_stPctTable)
+NP_KEYED_GET(Np_Tarn_PctTbl_Get, NpPortID, NpPortPct, g_stPctTable)
+NP_TABLE_SET(Np_Tarn_VmacInfoTbl_Set, NpPortVmacInfo, g_stVmacInfoTable)
+NP_TABLE_GET(Np_Tarn_VmacInfoTbl_Get, NpPortVmacInfo, g_stVmacInfoTable)
+NP_TABLE_SET(Np_Tarn_LagTbl_Set, NpPortTrunk, g_stLagTable)
+NP_TABLE_GET(Np_Tarn_LagTbl_Get, NpPortTrunk, g_stLagTable)
+NP_TABLE_SET(Np_Tarn_VoipChannelTbl_Set, NpPortVoipChannel, g_stVoipChannelTable)
+NP_TABLE_GET(Np_Tarn_VoipChannelTbl_Get, NpPortVoipChannel, g_stVoipChannelTable)
+NP_TABLE_SET(Np_Tarn_UpCarProfileTbl_Set, NpPortCarProfile, g_stUpCarProfileTable)
+NP_TABLE_GET(Np_Tarn_UpCarProfileTbl_Get, NpPortCarProfile, g_stUpCarProfileTable)
+NP_TABLE_SET(Np_Tarn_DownCarProfileTbl_Set, NpPortCarProfile, g_stDownCarProfileTable)
+NP_TABLE_GET(Np_Tarn_DownCarProfileTbl_Get, NpPortCarProfile, g_stDownCarProfileTable)
+NP_TABLE_SET(Np_Tarn_GemportLoopQidTbl_Set, NpPortGemportLoopQid, g_stGemportLoopTable)
+NP_TABLE_GET(Np_Tarn_GemportLoopQidTbl_Get, NpPortGemportLoopQid, g_stGemportLoopTable)
+NP_TABLE_GET(Np_Tarn_PortToCpuPtypeCarTbl_Get, NpPortToCpuPtypeCarInfo, g_stToCpuCarTable)
+
+uint32_t Np_Tarn_PortToCpuPtypeCarCnt_Init(uint32_t ulChipID, uint32_t ulUserID, uint32_t ulEntry)
 {
-    Np_Row_Trace(&g_stPctRow, pstPct);
+    const uint32_t ulAddr = Np_GLB_CapGet(NP_CAP_TO_CPU_CAR_BASE) +
+                            to_cpu_row::NP_PITCH * ulUserID + to_cpu_row::NP_FIRST_COUNTER -
+                            2 * ulEntry;
+    const uint8_t aucZero[2] = {};
+    return Np_Tarn_SmemWrite(ulChipID, 0, NP_SMEM_LEN_16, ulAddr >> 1 & NP_SMEM_ADDR_MASK, aucZero);
 }
 
-uint32_t Np_Tarn_PORT_PctTblParaCheck(uint32_t ulChipID, const NpPortPct *pstPct)
+uint32_t Np_Tarn_PortToCpuPtypeCarTbl_Set(uint32_t ulChipID, uint32_t ulUserID,
+                                          const NpPortToCpuPtypeCarInfo *pstToCpuPtypeCarInfo)
 {
-    return Np_Row_Check(&g_stPctRow, ulChipID, pstPct);
-}
-
-uint32_t Np_Tarn_PORT_PctTblBuild(uint32_t ulChipID, const NpPortPct *pstPct, void *pvImage)
-{
-    return Np_Row_Build(&g_stPctRow, ulChipID, pstPct, pvImage);
-}
-
-uint32_t Np_Tarn_PORT_PctTblParse(uint32_t ulChipID, const void *pvImage, NpPortPct *pstPct)
-{
-    return Np_Row_Parse(&g_stPctRow, ulChipID, pvImage, pstPct);
-}
-
-uint32_t Np_Tarn_PctTbl_Set(uint32_t ulChipID, const NpPortID *pstPortID, const NpPortPct *pstPct)
-{
-    if (pstPortID == nullptr || pstPct == nullptr) {
-        NP_TRACE(NP_M_PORT, NP_PRINT_ERROR, "Para null ptr\r\n");
-        return NP_ERR_NULL_PTR;
-    }
-    NP_TRACE(NP_M_PORT, NP_PRINT_TRACE, " in ulChipID=0x%08x\r\n", ulChipID);
-    Np_Tarn_PORT_PortIDTrace(pstPortID);
-    Np_Tarn_PORT_PctTblParaTrace(pstPct);
-    uint32_t ulReturn = Np_Row_Check(&g_stPortKey, ulChipID, pstPortID);
-    if (ulReturn == NP_OK) {
-        ulReturn = Np_Tarn_PORT_PctTblParaCheck(ulChipID, pstPct);
-    }
-    uint32_t ulRow;
-    if (ulReturn == NP_OK) {
-        ulReturn = Np_PctRowGet(ulChipID, pstPortID, &ulRow);
-    }
-    uint32_t aulImage[NP_PCT_WORDS];
-    if (ulReturn == NP_OK) {
-        ulReturn = Np_Tarn_PORT_PctTblBuild(ulChipID, pstPct, aulImage);
-    }
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    ulReturn = Np_RegTableWrite(ulChipID, NP_PCT_TABLE, ulRow, aulImage);
-    if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_PORT, NP_PRINT_ERROR, "Write error return:0x%08x ID:0x%08x Offset:0x%08x\r\n",
-                 ulReturn, NP_PCT_TABLE, ulRow);
+    uint32_t ulReturn = Np_Table_Set(&g_stToCpuCarTable, ulChipID, &ulUserID, pstToCpuPtypeCarInfo);
+    for (uint32_t i = 0; ulReturn == NP_OK && i < 4; i++) {
+        if (pstToCpuPtypeCarInfo->astPtypeCarInfo[i].ulValid != 0) {
+            continue;
+        }
+        ulReturn = Np_Tarn_PortToCpuPtypeCarCnt_Init(ulChipID, ulUserID, i);
+        if (ulReturn != NP_OK) {
+            NP_TRACE(NP_M_PORT, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
+        }
     }
     return ulReturn;
 }
-
-uint32_t Np_Tarn_PctTbl_Get(uint32_t ulChipID, const NpPortID *pstPortID, NpPortPct *pstPct)
-{
-    if (pstPortID == nullptr || pstPct == nullptr) {
-        NP_TRACE(NP_M_PORT, NP_PRINT_ERROR, "Para null ptr\r\n");
-        return NP_ERR_NULL_PTR;
-    }
-    NP_TRACE(NP_M_PORT, NP_PRINT_TRACE, " in ulChipID=0x%08x\r\n", ulChipID);
-    Np_Tarn_PORT_PortIDTrace(pstPortID);
-    uint32_t ulReturn = Np_Row_Check(&g_stPortKey, ulChipID, pstPortID);
-    uint32_t ulRow;
-    if (ulReturn == NP_OK) {
-        ulReturn = Np_PctRowGet(ulChipID, pstPortID, &ulRow);
-    }
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    uint32_t aulImage[NP_PCT_WORDS];
-    ulReturn = Np_RegTableRead(ulChipID, NP_PCT_TABLE, ulRow, aulImage);
-    if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_PORT, NP_PRINT_ERROR, "Read error return:0x%08x  ID:0x%08x Offset:0x%08x\r\n",
-                 ulReturn, NP_PCT_TABLE, ulRow);
-        return ulReturn;
-    }
-    ulReturn = Np_Tarn_PORT_PctTblParse(ulChipID, aulImage, pstPct);
-    if (ulReturn == NP_OK) {
-        Np_Tarn_PORT_PctTblParaTrace(pstPct);
-    }
-    return ulReturn;
-}
-
-NP_ROW_FUNCTIONS(Np_Tarn_PORT_VmacInfoTbl, NpPortVmacInfo, g_stVmacInfoTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_VmacInfoTbl, NpPortVmacInfo, g_stVmacInfoTable)
 
 }  // extern "C"

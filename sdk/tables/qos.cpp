@@ -1,7 +1,7 @@
 #include "sdk/tables/qos.h"
 
-#include "sdk/frame/service.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/record/describe.h"
 
 namespace {
@@ -58,14 +58,13 @@ constexpr NpTable g_stPriCarMapTable =
 
 extern "C" {
 
-NP_ROW_FUNCTIONS(Np_Tarn_QOS_DscpMapTbl, NpDscpMap, g_stDscpMapTable)
-NP_ROW_FUNCTIONS(Np_Tarn_QOS_PcpMapTbl, NpPcpMap, g_stPcpMapTable)
-NP_ROW_FUNCTIONS(Np_Tarn_QOS_IpMapTbl, NpIpMap, g_stIpMapTable)
-NP_ROW_FUNCTIONS(Np_Tarn_QOS_PriCarMapTbl, NpPriCarMap, g_stPriCarMapTable)
-
-NP_TABLE_FUNCTIONS(Np_Tarn_DscpMapTbl, NpDscpMap, g_stDscpMapTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_PcpMapTbl, NpPcpMap, g_stPcpMapTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_IpMapTbl, NpIpMap, g_stIpMapTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_PriCarMapTbl, NpPriCarMap, g_stPriCarMapTable)
+NP_TABLE_SET(Np_Tarn_DscpMapTbl_Set, NpDscpMap, g_stDscpMapTable)
+NP_TABLE_GET(Np_Tarn_DscpMapTbl_Get, NpDscpMap, g_stDscpMapTable)
+NP_TABLE_SET(Np_Tarn_PcpMapTbl_Set, NpPcpMap, g_stPcpMapTable)
+NP_TABLE_GET(Np_Tarn_PcpMapTbl_Get, NpPcpMap, g_stPcpMapTable)
+NP_TABLE_SET(Np_Tarn_IpMapTbl_Set, NpIpMap, g_stIpMapTable)
+NP_TABLE_GET(Np_Tarn_IpMapTbl_Get, NpIpMap, g_stIpMapTable)
+NP_TABLE_SET(Np_Tarn_PriCarMapTbl_Set, NpPriCarMap, g_stPriCarMapTable)
+NP_TABLE_GET(Np_Tarn_PriCarMapTbl_Get, NpPriCarMap, g_stPriCarMapTable)
 
 }  // extern "C"

@@ -2,9 +2,9 @@
 
 #include "ldsdk/status.h"
 #include "sdk/access/smem.h"
-#include "sdk/frame/registry.h"
-#include "sdk/frame/service.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/chip.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/record/describe.h"
 
 namespace {
@@ -57,11 +57,11 @@ constexpr NpRow g_stUvtStaticArgs = Np_RowMake<static_args::R>(
 
 extern "C" {
 
-NP_ROW_FUNCTIONS(Np_Tarn_SECU_UvtTbl, NpUvt, g_stUvtTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_UvtTbl, NpUvt, g_stUvtTable)
+NP_TABLE_SET(Np_Tarn_UvtTbl_Set, NpUvt, g_stUvtTable)
+NP_TABLE_GET(Np_Tarn_UvtTbl_Get, NpUvt, g_stUvtTable)
 
 uint32_t Np_Tarn_SECU_UvtFlagSet(uint32_t ulChipID, uint32_t ulIndex, NpUvtFlag enFlag,
-                                 uint32_t ulValue)
+                                 uint32_t ulValue, NpWhere stWhere)
 {
     const uint32_t ulAddr =
         Np_GLB_CapGet(NP_CAP_UVT_BASE) + NP_UVT_TOP_UNIT + ulIndex * NP_UVT_ROW_SIZE;
@@ -71,7 +71,7 @@ uint32_t Np_Tarn_SECU_UvtFlagSet(uint32_t ulChipID, uint32_t ulIndex, NpUvtFlag 
     NpSmemRsp stRsp;
     const uint32_t ulReturn = Np_Tarn_SMEM_ReqSetBit(ulChipID, 0, &stReq, aucBlock, &stRsp);
     if (ulReturn != NP_OK) {
-        NP_TRACE(NP_M_SECU, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
+        NP_TRACE_AT(stWhere, NP_M_SECU, NP_PRINT_ERROR, "Func error return: 0x%08x \r\n", ulReturn);
     }
     return ulReturn;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ldsdk/secu.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/record/table.h"
 
 extern const NpTable g_stUvtTable;
@@ -16,11 +17,14 @@ enum NpUvtFlag : uint32_t {
 
 extern "C" {
 
-NP_ROW_DECLARE(Np_Tarn_SECU_UvtTbl, NpUvt)
+NP_ROW_TRACE(Np_Tarn_SECU_UvtTblParaTrace, NpUvt, g_stUvtTable);
+NP_ROW_CHECK(Np_Tarn_SECU_UvtTblParaCheck, NpUvt, g_stUvtTable);
+NP_ROW_BUILD(Np_Tarn_SECU_UvtTblBuild, NpUvt, g_stUvtTable, 0);
+NP_ROW_PARSE(Np_Tarn_SECU_UvtTblParse, NpUvt, g_stUvtTable, 0);
 
 // Changes one flag of a row atomically: the microcode writes the row too. ulIndex is not checked.
 // The driver's code, NP_ERR_SMEM_OP.
 uint32_t Np_Tarn_SECU_UvtFlagSet(uint32_t ulChipID, uint32_t ulIndex, NpUvtFlag enFlag,
-                                 uint32_t ulValue);
+                                 uint32_t ulValue, NpWhere stWhere = Np_Here());
 
 }  // extern "C"

@@ -1,7 +1,7 @@
 #include "sdk/tables/vlan.h"
 
-#include "sdk/frame/service.h"
-#include "sdk/frame/trace.h"
+#include "sdk/frame/base/service.h"
+#include "sdk/frame/base/trace.h"
 #include "sdk/record/describe.h"
 
 namespace {
@@ -188,8 +188,8 @@ constexpr NpRow g_stRow = Np_RowMake<R>(
 
 }  // namespace
 
-constexpr NpTable g_stVlanTable = {
-    &vlan_key::g_stRow, &vlan_row::g_stRow, nullptr, {{25, 0}, {49, 8}}, 2, false};
+constexpr NpTable g_stVlanTable =
+    Np_TableOf(vlan_key::g_stRow, vlan_row::g_stRow, {}, Np_RegPart(25), Np_RegPart(49, 8));
 constexpr NpTable g_stVlanOptionTable = Np_TableMake(vlan_key::g_stRow, option_row::g_stRow, 82);
 constexpr NpTable g_stVlanPttTable = Np_TableMake(vlan_key::g_stRow, ptt_row::g_stRow, 81);
 constexpr NpTable g_stLanVlanTable = Np_TableMake(vlan_key::g_stRow, lan_row::g_stRow, 141);
@@ -198,19 +198,17 @@ constexpr NpTable g_stEstpTable = Np_TableMake(estp_key::g_stRow, estp_row::g_st
 
 extern "C" {
 
-NP_ROW_FUNCTIONS(Np_Tarn_VLAN_VlanTbl, NpVlan, g_stVlanTable)
-NP_ROW_IMAGE_FUNCTIONS(Np_Tarn_VlanExtTbl, NpVlan, g_stVlanTable, 1)
-NP_ROW_FUNCTIONS(Np_Tarn_VLAN_VlanOptionTbl, NpVlanOption, g_stVlanOptionTable)
-NP_ROW_FUNCTIONS(Np_Tarn_VLAN_VlanPttTbl, NpVlanPtt, g_stVlanPttTable)
-NP_ROW_FUNCTIONS(Np_Tarn_VLAN_LanVlanTbl, NpLanVlan, g_stLanVlanTable)
-NP_ROW_FUNCTIONS(Np_Tarn_VLAN_IstpTbl, NpIstp, g_stIstpTable)
-NP_ROW_FUNCTIONS(Np_Tarn_VLAN_EstpTbl, NpEstp, g_stEstpTable)
-
-NP_TABLE_FUNCTIONS(Np_Tarn_VlanTbl, NpVlan, g_stVlanTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_VlanOptionTbl, NpVlanOption, g_stVlanOptionTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_VlanPttTbl, NpVlanPtt, g_stVlanPttTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_LanVlanTbl, NpLanVlan, g_stLanVlanTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_IstpTbl, NpIstp, g_stIstpTable)
-NP_TABLE_FUNCTIONS(Np_Tarn_EstpTbl, NpEstp, g_stEstpTable)
+NP_TABLE_SET(Np_Tarn_VlanTbl_Set, NpVlan, g_stVlanTable)
+NP_TABLE_GET(Np_Tarn_VlanTbl_Get, NpVlan, g_stVlanTable)
+NP_TABLE_SET(Np_Tarn_VlanOptionTbl_Set, NpVlanOption, g_stVlanOptionTable)
+NP_TABLE_GET(Np_Tarn_VlanOptionTbl_Get, NpVlanOption, g_stVlanOptionTable)
+NP_TABLE_SET(Np_Tarn_VlanPttTbl_Set, NpVlanPtt, g_stVlanPttTable)
+NP_TABLE_GET(Np_Tarn_VlanPttTbl_Get, NpVlanPtt, g_stVlanPttTable)
+NP_TABLE_SET(Np_Tarn_LanVlanTbl_Set, NpLanVlan, g_stLanVlanTable)
+NP_TABLE_GET(Np_Tarn_LanVlanTbl_Get, NpLanVlan, g_stLanVlanTable)
+NP_TABLE_SET(Np_Tarn_IstpTbl_Set, NpIstp, g_stIstpTable)
+NP_TABLE_GET(Np_Tarn_IstpTbl_Get, NpIstp, g_stIstpTable)
+NP_TABLE_SET(Np_Tarn_EstpTbl_Set, NpEstp, g_stEstpTable)
+NP_TABLE_GET(Np_Tarn_EstpTbl_Get, NpEstp, g_stEstpTable)
 
 }  // extern "C"

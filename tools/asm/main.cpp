@@ -1,7 +1,7 @@
 // ldsdk-asm: microcode sources to images, and images to sources.
 #include "host/assembler.h"
+#include "host/write_file.h"
 
-#include <unistd.h>
 #include <cerrno>
 #include <CLI/CLI.hpp>
 #include <cstring>
@@ -10,6 +10,8 @@
 #include <iostream>
 #include <iterator>
 #include <stdexcept>
+
+using namespace ldsdk::host;
 
 namespace {
 
@@ -44,49 +46,28 @@ std::string read_file(const std::string &name)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// A file that is there is whole: it appears under its name when all of it is written.
-void write_file(const std::string &name, const std::string &content)
-{
-    if (name == "-") {
-        std::cout << content << std::flush;
-        if (!std::cout) {
-            throw std::runtime_error("standard output: cannot be written");
-        }
-        return;
-    }
-    const std::string part = name + ".part" + std::to_string(::getpid());
-    std::ofstream file(part, std::ios::binary);
-    if (!file || !(file << content).flush()) {
-        const std::runtime_error error = file_error(name);
-        std::remove(part.c_str());
-        throw error;
-    }
-    file.close();
-    std::error_code error;
-    std::filesystem::rename(part, name, error);
-    if (error) {
-        std::remove(part.c_str());
-        throw std::runtime_error(name + ": " + error.message());
-    }
-}
-
 int run(const Options &options)
 {
     const std::string content = read_file(options.input);
     if (options.disassemble) {
         const auto *bytes = reinterpret_cast<const uint8_t *>(content.data());
         write_file(options.output.empty() ? "-" : options.output,
-                   ldsdk::host::image_to_source({bytes, content.size()}));
+                   image_to_source({bytes, content.size()}), options.input);
         return kExitOk;
     }
-    const ldsdk::host::Assembly result = ldsdk::host::assemble(content, options.input);
-    for (const ldsdk::host::SourceError &error : result.errors) {
+    const Assembly result = assemble(content, options.input);
+    for (const SourceError &error : result.errors) {
         std::cerr << error.message() << '\n';
     }
     if (!result.errors.empty()) {
+        if (result.more_errors) {
+            std::cerr << "ldsdk-asm: " << options.input << ": more errors than these "
+                      << result.errors.size() << '\n';
+        }
         return kExitFailed;
     }
-    write_file(options.output, {result.image.begin(), result.image.end()});
+    write_file(options.output, std::string(result.image.begin(), result.image.end()),
+               options.input);
     return kExitOk;
 }
 
@@ -103,6 +84,7 @@ int main(int argc, char **argv)
                    "where the result goes; - is standard output, and the default with -d");
     app.add_flag("-d,--disassemble", options.disassemble,
                  "print a source that assembles to the same bytes");
+    app.set_version_flag("-V,--version", "ldsdk-asm " LDSDK_VERSION);
     app.footer(
         "docs/microcode.md describes the language.\n"
         "Exit status: 0; 1 the source or a file is wrong; 2 bad usage.");

@@ -1,6 +1,6 @@
 // Prints docs/commands.md: the command tree with what each command takes, read from the tree and
 // the descriptions that the handlers themselves read.
-#include "sdk/module/cli.h"
+#include "sdk/module/cli/cli.h"
 #include "sdk/module/tree.h"
 #include "tools/params/params.h"
 
@@ -36,9 +36,11 @@ std::string when_of(const NpSmdParam &param, const std::vector<NpSmdParam> &para
     const char *relation = param.bKey != 0       ? "key, with `"
                            : selector->bKey != 0 ? "with `"
                                                  : "behind `";
-    std::string text = std::string(relation) + param.pszOf + "`";
+    std::string text = std::string(relation) + param.stOf.pszOf + "`";
+    const bool others = param.stOf.ulRest != 0;
+    text += others ? " other than" : "";
     for (uint32_t value = 0; value < 32; value++) {
-        if ((param.ulOfMask >> value & 1) == 0) {
+        if (((param.stOf.ulMask >> value & 1) != 0) == others) {
             continue;
         }
         std::string word = std::to_string(value);
@@ -88,7 +90,7 @@ std::string example_of(const std::string &path, NpSmdForm form,
 {
     std::string line = path;
     const bool named = form != NP_FORM_VALUES;
-    const bool all = form == NP_FORM_PAIRS || form == NP_FORM_VALUES;
+    const bool all = form == NP_FORM_PAIRS || form == NP_FORM_VALUES || form == NP_FORM_ENTRY;
     const auto add = [&](const NpSmdParam &param) {
         const bool selects = std::any_of(
             params.begin(), params.end(),
@@ -100,7 +102,7 @@ std::string example_of(const std::string &path, NpSmdForm form,
     };
     const auto let_in = [&](const NpSmdParam &param) {
         const NpSmdParam *selector = selector_of(param, params);
-        return selector == nullptr || (param.ulOfMask >> example_choice(*selector) & 1) != 0;
+        return selector == nullptr || (param.stOf.ulMask >> example_choice(*selector) & 1) != 0;
     };
     // Behind another parameter of the menu, and not beside it.
     const auto behind = [&](const NpSmdParam &param) {
@@ -130,11 +132,16 @@ const char *form_text(NpSmdForm form)
             return "Keys; prints the row.";
         case NP_FORM_SET:
             return "Keys, then pairs in this order; what is left out keeps its value.";
+        case NP_FORM_ENTRY:
+            return "Keys, then pairs in this order; what is left out keeps its value, and an entry "
+                   "that is not there yet takes them all.";
         case NP_FORM_LARGE:
             return "Keys, then pairs in any order, by name or menu number, up to `end`; what is "
                    "left out keeps its value.";
         case NP_FORM_PAIRS:
             return "Pairs in this order, all of them.";
+        case NP_FORM_COUNTED:
+            return "The pair, then as many values of the other parameter without its name.";
         default:
             return "Values in this order, without their names.";
     }
@@ -150,13 +157,110 @@ bool is_pending(NpCliHandler handler)
     return std::find(std::begin(pending), std::end(pending), handler) != std::end(pending);
 }
 
-void print_command(const std::string &path, const NpCliCmdEntry &entry)
+// What an example takes to run on a chip that was just brought up, where its parameters don't tell.
+struct Need {
+    NpCliHandler handler;
+    std::vector<const char *> before;  // lines that have to run first
+    const char *line = nullptr;        // in place of the one that was made up
+    const char *refused = nullptr;     // why it can't run everywhere
+};
+
+constexpr char kAbsent[] = "this family has no such table";
+constexpr char kRule[] =
+    "micro l2 multiservicetbl set keyid 1 keypri 0 port ge portid 1 subportid 0 iftid 1 end";
+
+constexpr char kL2pa[] = "micro l2pa set index 1 key_ethtype 2048 mask_ethtype 65535 end";
+constexpr char kL3pa[] = "micro l3pa set index 1 key_encap 8 mask_encap 15 end";
+
+const Need *need_of(NpCliHandler handler)
+{
+    static const Need needs[] = {
+        {Np_PUB_SMD_ChipSwitchSet, {}, "micro chip set 0"},
+        {Np_SMD_ATOM_Load, {}, nullptr, "there is no image at this address"},
+        {Np_SMD_DFX_Cpu_CacheClear, {}, "micro dfx cache_clear cpu 0"},
+        {Np_SMD_ARL_ArlTbl_AgeMode_Set,
+         {"micro uvt set index 1 aucVmac 00-11-22-33-44-55",
+          "micro arl arltbl set ulType 15 stPort ge portid 1 subportid 0 ulVsi 1 "
+          "aucMacAddr 00-11-22-33-44-55 ulVmac 1 ulVmacID 1"}},
+        {Np_SMD_ARL_ArlTbl_Get,
+         {"micro arl arltbl set ulType 0 ulSvlanID 1 ulVsi 1 aucMacAddr 00-11-22-33-44-55 "
+          "ulOpCode 1"}},
+        {Np_SMD_ARL_LanMacTbl_Get,
+         {"micro arl lanmactbl set ulSvlanID 1 aucMacAddr 00-11-22-33-44-55 ulL2encId 1"}},
+        {Np_SMD_L2_CmClassTbl_Set, {}, nullptr, kAbsent},
+        {Np_SMD_L2_CmClassTbl_Get, {}, nullptr, kAbsent},
+        {Np_SMD_L2_CmGroupTbl_Set, {}, nullptr, kAbsent},
+        {Np_SMD_L2_CmGroupTbl_Get, {}, nullptr, kAbsent},
+        {Np_SMD_L2_CmLmtTbl_Set, {}, nullptr, kAbsent},
+        {Np_SMD_L2_CmLmtTbl_Get, {}, nullptr, kAbsent},
+        {Np_SMD_L2_DmacTbl_Set, {}, nullptr, kAbsent},
+        {Np_SMD_L2_DmacTbl_Get, {}, nullptr, kAbsent},
+        {Np_SMD_L2_SmacPoolTbl_Set, {}, nullptr, kAbsent},
+        {Np_SMD_L2_SmacPoolTbl_Get, {}, nullptr, kAbsent},
+        {Np_SMD_AtmEncapTbl_Set, {}, nullptr, kAbsent},
+        {Np_SMD_AtmEncapTbl_Get, {}, nullptr, kAbsent},
+        {Np_SMD_AtmEncapTblPvcItem_Set, {}, nullptr, kAbsent},
+        {Np_SMD_AtmEncapTblPvcItem_Get, {}, nullptr, kAbsent},
+        {Np_SMD_CesopMapTbl_Add, {}, nullptr, kAbsent},
+        {Np_SMD_CesopMapTbl_Get, {}, nullptr, kAbsent},
+        {Np_SMD_CesopMapTbl_Del, {}, nullptr, kAbsent},
+        {Np_SMD_IpUdpEncapInfoTbl_Set, {}, nullptr, kAbsent},
+        {Np_SMD_IpUdpEncapInfoTbl_Get, {}, nullptr, kAbsent},
+        {Np_SMD_AoePktHaInfo_Set, {}, nullptr, "this family has no such rule"},
+        {NP_SMD_L2_MultiServiceTbl_Set, {}, kRule},
+        {NP_SMD_L2_MultiServiceTbl_Get, {kRule}},
+        {NP_SMD_Pri_Init, {}, "micro l2 pri_init prinum 3 30 30 40"},
+        {NP_SMD_L2_Init, {}, "micro l2 init prinum 3 30 30 40"},
+        {Np_SMD_L2pa_Init, {}, "micro l2pa init prinum 3 30 30 40"},
+        {Np_SMD_L3pa_Init, {}, "micro l3pa init prinum 3 30 30 40"},
+        {Np_SMD_L2pa_Get, {kL2pa}},
+        {Np_SMD_L2pa_SetState, {kL2pa}},
+        {Np_SMD_L2pa_GetState, {kL2pa}},
+        {Np_SMD_L3pa_Get, {kL3pa}},
+        {Np_SMD_L3pa_SetState, {kL3pa}},
+        {Np_SMD_L3pa_GetState, {kL3pa}},
+        {Np_SMD_CPUTR_SendPkt, {}, "micro cputr send insert_type queue ulQID 1 pucData 0a0b end"},
+    };
+    const auto need = std::find_if(std::begin(needs), std::end(needs),
+                                   [&](const Need &row) { return row.handler == handler; });
+    return need == std::end(needs) ? nullptr : need;
+}
+
+// before: a line that has to run first, or none.
+void print_example(const std::string &made_up, const Need *need, const std::string &before)
+{
+    if (need != nullptr && need->refused != nullptr) {
+        std::printf("\nRefused as it stands: %s.\n", need->refused);
+    }
+    std::printf("\n");
+    if (!before.empty()) {
+        std::printf("    %s\n", before.c_str());
+    }
+    for (const char *line : need != nullptr ? need->before : std::vector<const char *>()) {
+        std::printf("    %s\n", line);
+    }
+    const bool other = need != nullptr && need->line != nullptr;
+    std::printf("    %s\n", other ? need->line : made_up.c_str());
+}
+
+// The example that makes the entry which a command of the group is to find, if entries have to be
+// made.
+std::string entry_made(const std::string &path, const NpCliCmdEntry &group)
+{
+    for (uint32_t i = 0; i < group.ulChildNum; i++) {
+        const NpCliCmdEntry &child = group.pstChildren[i];
+        const NpSmdForm form = Np_SMD_CommandForm(child.pfnHandler);
+        if (child.ulChildNum == 0 && form == NP_FORM_ENTRY) {
+            return example_of(path + " " + child.szName, form, params_of(child.pfnHandler));
+        }
+    }
+    return "";
+}
+
+void print_command(const std::string &path, const NpCliCmdEntry &entry, const std::string &before)
 {
     const std::vector<NpSmdParam> params = params_of(entry.pfnHandler);
     std::printf("\n`%s`: %s\n", path.c_str(), entry.szHelp);
-    if (is_pending(entry.pfnHandler)) {
-        std::printf("(not there yet)\n");
-    }
     if (params.empty()) {
         return;
     }
@@ -170,17 +274,41 @@ void print_command(const std::string &path, const NpCliCmdEntry &entry)
                     name_of(param).c_str(), values_of(param).c_str(),
                     when_of(param, params).c_str());
     }
-    std::printf("\n    %s\n", example_of(path, form, params).c_str());
+    print_example(example_of(path, form, params), need_of(entry.pfnHandler),
+                  form == NP_FORM_GET ? before : "");
 }
 
-// The commands of a group, then its groups.
+struct Count {
+    uint32_t landed;
+    uint32_t pending;
+};
+
+Count count_commands(const NpCliCmdEntry &entry)
+{
+    if (entry.ulChildNum == 0) {
+        const bool pending = is_pending(entry.pfnHandler);
+        return {pending ? 0u : 1u, pending ? 1u : 0u};
+    }
+    Count sum = {};
+    for (uint32_t i = 0; i < entry.ulChildNum; i++) {
+        const Count count = count_commands(entry.pstChildren[i]);
+        sum.landed += count.landed;
+        sum.pending += count.pending;
+    }
+    return sum;
+}
+
+// The commands of a group, then its groups; of both what has landed.
 void print_group(const std::string &path, const NpCliCmdEntry &entry)
 {
+    if (count_commands(entry).landed == 0) {
+        return;
+    }
     std::printf("\n## %s\n", path.c_str());
     for (uint32_t i = 0; i < entry.ulChildNum; i++) {
         const NpCliCmdEntry &child = entry.pstChildren[i];
-        if (child.ulChildNum == 0) {
-            print_command(path + " " + child.szName, child);
+        if (child.ulChildNum == 0 && !is_pending(child.pfnHandler)) {
+            print_command(path + " " + child.szName, child, entry_made(path, entry));
         }
     }
     for (uint32_t i = 0; i < entry.ulChildNum; i++) {
@@ -189,6 +317,28 @@ void print_group(const std::string &path, const NpCliCmdEntry &entry)
             print_group(path + " " + child.szName, child);
         }
     }
+}
+
+// How many commands of each word behind the root have not landed.
+void print_pending(const NpCliCmdEntry &root)
+{
+    const Count all = count_commands(root);
+    if (all.pending == 0) {
+        return;
+    }
+    std::printf("\n## Not there yet\n\n%u of %u commands answer \"Invalid command!\" so far:",
+                all.pending, all.pending + all.landed);
+    const char *between = " ";
+    for (uint32_t i = 0; i < root.ulChildNum; i++) {
+        const Count count = count_commands(root.pstChildren[i]);
+        if (count.pending != 0) {
+            const std::string name = std::string(root.szName) + " " + root.pstChildren[i].szName;
+            std::printf("%s`%s` %s%u", between, name.c_str(), count.landed == 0 ? "all " : "",
+                        count.pending);
+            between = ", ";
+        }
+    }
+    std::printf(".\n");
 }
 
 }  // namespace
@@ -203,7 +353,10 @@ int main()
         "the record is the name; for every field that name is taken too, and so is its short form "
         "without the type prefix, in lower case (`fwd` for `ulFwd`). A value word can be given as "
         "its number. The range is that of the function behind the command, which refuses what "
-        "lies outside. Numbers are decimal.\n");
+        "lies outside. Numbers are decimal.\n\n"
+        "The indented lines run as they stand on a chip that was just brought up, together where "
+        "one needs the other.\n");
     print_group(g_stNpSdkCmds[0].szName, g_stNpSdkCmds[0]);
+    print_pending(g_stNpSdkCmds[0]);
     return 0;
 }

@@ -2,7 +2,7 @@
 
 #include "chipmodel/model.h"
 #include "host/pcap/capture.h"
-#include "sdk/frame/service.h"
+#include "sdk/frame/base/service.h"
 #include "tools/ldsdk/error.h"
 
 #include <algorithm>
@@ -27,38 +27,6 @@ constexpr PortName kPortNames[] = {
     {"cpu", 12}, {"bonding", 13}, {"xdsl", 14},
 };
 
-// "ge:3", "vdsl:1:32", "xaui:0:5:1": type, port, sub-port, priority; what is missing is 0.
-uint32_t read_port(uint32_t chip, const std::string &command, const std::string &text)
-{
-    std::vector<std::string> words;
-    for (size_t begin = 0; begin <= text.size();) {
-        const size_t end = std::min(text.find(':', begin), text.size());
-        words.push_back(text.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    const auto *name = std::find_if(std::begin(kPortNames), std::end(kPortNames),
-                                    [&](const PortName &row) { return words[0] == row.word; });
-    if (name == std::end(kPortNames) || words.size() > 4) {
-        std::string names;
-        for (const PortName &row : kPortNames) {
-            names += std::string(names.empty() ? "" : ", ") + row.word;
-        }
-        throw usage(command + ": \"" + text +
-                    "\": expected TYPE[:PORT[:SUBPORT[:PRIORITY]]] with a type of " + names);
-    }
-    uint32_t numbers[3] = {};
-    for (size_t at = 1; at < words.size(); at++) {
-        numbers[at - 1] = static_cast<uint32_t>(
-            read_number(command, words[at], "a number of the port", 0, UINT32_MAX));
-    }
-    const NpPortID port = {name->type, numbers[0], numbers[1], numbers[2]};
-    uint32_t phy = 0;
-    if (Np_PortID2PhyID(chip, &port, &phy) != 0) {
-        throw usage(command + ": \"" + text + "\": the chip has no such port");
-    }
-    return phy;
-}
-
 // Does the work, and names the command in front of what is wrong.
 template <typename Work>
 auto with_capture(const std::string &command, Work work)
@@ -81,13 +49,53 @@ std::string plural(uint64_t count, const char *what)
 
 }  // namespace
 
+NpPortID read_port(const std::string &command, const std::string &text)
+{
+    std::vector<std::string> words;
+    for (size_t begin = 0; begin <= text.size();) {
+        const size_t end = std::min(text.find(':', begin), text.size());
+        words.push_back(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    const auto *name = std::find_if(std::begin(kPortNames), std::end(kPortNames),
+                                    [&](const PortName &row) { return words[0] == row.word; });
+    if (name == std::end(kPortNames) || words.size() > 4) {
+        std::string names;
+        for (const PortName &row : kPortNames) {
+            names += std::string(names.empty() ? "" : ", ") + row.word;
+        }
+        throw usage(command + ": \"" + text +
+                    "\": expected TYPE[:PORT[:SUBPORT[:PRIORITY]]] with a type of " + names);
+    }
+    uint32_t numbers[3] = {};
+    for (size_t at = 1; at < words.size(); at++) {
+        numbers[at - 1] = static_cast<uint32_t>(
+            read_number(command, words[at], "a number of the port", 0, UINT32_MAX));
+    }
+    return {name->type, numbers[0], numbers[1], numbers[2]};
+}
+
+std::vector<NextWord> port_words()
+{
+    std::vector<NextWord> words;
+    for (const PortName &row : kPortNames) {
+        words.push_back({std::string(row.word) + ":", "", false});
+    }
+    return words;
+}
+
 void inject_capture(ChipSession &session, Arguments arguments, Output &output)
 {
     const std::string command = "chip inject";
     const uint32_t chip = session.selected();
-    const uint32_t phy = read_port(chip, command, arguments.size() > 1 ? arguments[1] : "fe:0");
-    const host::FeedResult result =
-        with_capture(command, [&] { return host::feed_capture(arguments[0], chip, phy); });
+    const std::string name = arguments.size() > 1 ? arguments[1] : "fe:0";
+    const NpPortID port = read_port(command, name);
+    uint32_t phy = 0;
+    if (Np_PortID2PhyID(chip, &port, &phy) != 0) {
+        throw usage(command + ": \"" + name + "\": the chip has no such port");
+    }
+    const host::FeedResult result = with_capture(
+        command, [&] { return host::feed_capture(*session.file().in, arguments[0], chip, phy); });
     output.write(plural(result.fed, "frame") + " fed" +
                  (result.cut != 0 ? ", " + std::to_string(result.cut) + " of them cut short" : "") +
                  "\n");
@@ -97,10 +105,11 @@ void inject_capture(ChipSession &session, Arguments arguments, Output &output)
     }
 }
 
-void save_capture(ChipSession &session, Arguments arguments, Output &output)
+void save_capture(ChipSession &session, Arguments, Output &output)
 {
-    const host::SaveResult result = with_capture(
-        "chip capture", [&] { return host::save_capture(arguments[0], session.selected()); });
+    host::SaveResult result = {};
+    session.file().out = with_capture(
+        "chip capture", [&] { return host::capture_bytes(session.selected(), result); });
     output.write(plural(result.packets, "packet") + " and " + plural(result.messages, "message") +
                  " written, " + std::to_string(result.lost) + " lost\n");
 }

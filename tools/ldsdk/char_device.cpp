@@ -1,5 +1,6 @@
 #include "tools/ldsdk/char_device.h"
 
+#include "ldsdk/status.h"
 #include "tools/ldsdk/error.h"
 #include "tools/ldsdk/in_process.h"
 
@@ -15,6 +16,9 @@ namespace {
 
 // The module looks at no request number; this one is no generic request of the kernel's.
 constexpr unsigned long kRequest = _IO('L', 1);
+
+// The text of a command is in the log when its ioctl is back, but for what a busy machine holds up.
+constexpr int kLogWaitMs = 5000;
 
 // The device for one tool alone, while this is there. Another waits, so that neither shows the
 // other's text, nor asks the model while the module uses it.
@@ -42,7 +46,10 @@ class Turn {
 }  // namespace
 
 CharDevice::CharDevice(const std::string &path)
-    : path_(path), fd_(::open(path.c_str(), O_RDWR | O_CLOEXEC)), model_(path), session_(model_)
+    : path_(path),
+      fd_(::open(path.c_str(), O_RDWR | O_CLOEXEC)),
+      model_(path, [this](const std::vector<std::string> &words) { return answer(words); }),
+      session_(model_)
 {
     if (!fd_.valid()) {
         throw system_error(path_, errno);
@@ -52,6 +59,12 @@ CharDevice::CharDevice(const std::string &path)
 void CharDevice::device(const CommandBuffer &buffer, Output &output)
 {
     const Turn turn(path_, fd_);
+    run(buffer, [&](std::string_view text) { output.write(text); });
+}
+
+void CharDevice::run(const CommandBuffer &buffer,
+                     const std::function<void(std::string_view)> &write)
+{
     std::string no_log;
     try {
         if (!log_) {
@@ -65,7 +78,7 @@ void CharDevice::device(const CommandBuffer &buffer, Output &output)
     const int refused = ::ioctl(fd_.get(), kRequest, buffer.data()) < 0 ? errno : 0;
     uint64_t lost = 0;
     if (no_log.empty()) {
-        lost = log_->read([&](std::string_view text) { output.write(text); });
+        lost = log_->read(write, refused == 0 ? kLogWaitMs : 0);
     }
     if (refused != 0) {
         throw system_error(path_ + ": the ioctl fails", refused);
@@ -79,7 +92,16 @@ void CharDevice::device(const CommandBuffer &buffer, Output &output)
     }
 }
 
-uint32_t DeviceModel::call(LdDebugCall &call)
+std::string CharDevice::answer(const std::vector<std::string> &words)
+{
+    std::string text;
+    CommandBuffer buffer;
+    pack(words, buffer);
+    run(buffer, [&](std::string_view piece) { text += piece; });
+    return text;
+}
+
+void DeviceModel::request(unsigned long number, void *record)
 {
     if (!fd_.valid()) {
         fd_ = Fd(::open(path_.c_str(), O_RDWR | O_CLOEXEC));
@@ -90,16 +112,44 @@ uint32_t DeviceModel::call(LdDebugCall &call)
     if (!fd_.valid()) {
         throw system_error(path_, errno);
     }
-    if (::ioctl(fd_.get(), LD_DEBUG_REQUEST, &call) < 0) {
+    if (::ioctl(fd_.get(), number, record) < 0) {
         throw system_error(path_ + ": the ioctl fails", errno);
     }
+}
+
+uint32_t DeviceModel::call(LdDebugCall &call)
+{
+    request(LD_DEBUG_REQUEST, &call);
     return call.result;
 }
 
-void CharDevice::chip(std::span<const std::string> words, Output &output)
+uint32_t DeviceModel::load(uint32_t chip, std::span<const uint8_t> image)
+{
+    // The command loads into the chip that the module works on.
+    const std::string current = command_({"micro", "chip", "get"});
+    if (!current.ends_with("Current ChipID: " + std::to_string(chip))) {
+        throw failed("chip load: the module works on another chip; expected `micro chip set " +
+                     std::to_string(chip) + "` before");
+    }
+    LdDebugImage record = {reinterpret_cast<uintptr_t>(image.data()),
+                           static_cast<uint32_t>(image.size()), 0};
+    request(LD_DEBUG_IMAGE_REQUEST, &record);
+    const std::string text =
+        command_({"micro", "atom", "load", "addr", std::to_string(record.address), "len",
+                  std::to_string(record.size)});
+    // "ulReturn = 0x9a000015(...)" in front of the closing line of a failure.
+    constexpr std::string_view kCode = "ulReturn = 0x";
+    const size_t at = text.rfind(kCode);
+    if (at == text.npos) {
+        return text.ends_with("success!") ? 0 : NP_ERR_FAIL;
+    }
+    return static_cast<uint32_t>(std::stoul(text.substr(at + kCode.size(), 8), nullptr, 16));
+}
+
+void CharDevice::chip(std::span<const std::string> words, CarriedFile &file, Output &output)
 {
     const Turn turn(path_, fd_);
-    session_.run(words, output);
+    session_.run(words, file, output);
 }
 
 std::vector<NextWord> CharDevice::next_words(std::span<const std::string> path)

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <sstream>
 #include <string_view>
 
 namespace ldsdk::tool {
@@ -184,20 +185,32 @@ void attach_slave(ChipSession &, Arguments arguments, Output &)
 
 void help(ChipSession &session, Arguments, Output &output);
 
+enum class Needs {
+    model,
+    image,   // and the bytes of the file that the first argument names
+    module,  // and the model in one process with it
+    input,   // the same, and the bytes of the file that the first argument names
+    output,  // the same, and writes that file
+};
+
+bool reads_file(Needs needs)
+{
+    return needs == Needs::image || needs == Needs::input;
+}
+
 struct ChipCommand {
     const char *word;
-    const char *second;  // null when one word names the command
-    const char *arguments;
+    const char *second;     // null when one word names the command
+    const char *arguments;  // of kArguments, optional ones in square brackets
     size_t least;
     size_t most;
     const char *help;
     void (*run)(ChipSession &, Arguments, Output &);
+    Needs needs = Needs::model;
     std::vector<NextWord> (*words)() = nullptr;  // what the first argument can be
-    bool here = false;  // calls the module too, so both must be in this process
 };
 
 constexpr size_t kAnyNumber = SIZE_MAX;
-constexpr bool kHere = true;
 
 // The last row with a first word is also the one that takes arguments in place of a second word.
 constexpr ChipCommand kCommands[] = {
@@ -207,25 +220,25 @@ constexpr ChipCommand kCommands[] = {
     {"journal", "on", "", 0, 0, "record what crosses the chip's doors",
      turn<LD_DEBUG_JOURNAL_SET, true>},
     {"journal", "off", "", 0, 0, "stop recording", turn<LD_DEBUG_JOURNAL_SET, false>},
-    {"journal", "show", "[N]", 0, 1, "show the last N records, 20 by default", journal_show},
+    {"journal", "show", "[RECORDS]", 0, 1, "show the last records, 20 by default", journal_show},
     {"journal", "clear", "", 0, 0, "forget the records", journal_clear},
     {"fault", "list", "", 0, 0, "show the faults that were set", fault_list},
     {"fault", "clear", "", 0, 0, "take all faults back", fault_clear},
     {"fault", nullptr, "OPERATION [WORD...]", 1, kAnyNumber,
      "make calls fail: Qd_PBA_AtomModeSet nth=1 code=5", fault_set},
     {"load", "online", "FILE [ATOMS]", 1, 2,
-     "replace the microcode of running atoms, all or those of a bitmap", load_code_online, nullptr,
-     kHere},
-    {"load", nullptr, "FILE", 1, 1, "load a microcode image", load_code, nullptr, kHere},
+     "replace the microcode of running atoms, all or those of a bitmap", load_code_online,
+     Needs::input},
+    {"load", nullptr, "FILE", 1, 1, "load a microcode image", load_code, Needs::image},
     {"disasm", nullptr, "PC [COUNT]", 1, 2, "show instructions, 16 by default", show_code},
     {"traffic", "on", "", 0, 0, "packets for every thread that waits for one", traffic_on},
     {"traffic", "off", "", 0, 0, "no more packets", traffic_off},
     {"inject", nullptr, "FILE [PORT]", 1, 2,
-     "feed the frames of a capture to the receive side, as from port fe:0", inject_capture, nullptr,
-     kHere},
+     "feed the frames of a capture to the receive side, as from port fe:0", inject_capture,
+     Needs::input},
     {"capture", nullptr, "FILE", 1, 1, "write what the host sent to a capture", save_capture,
-     nullptr, kHere},
-    {"sent", nullptr, "[N]", 0, 1, "show the last N packets that the host sent, 20 by default",
+     Needs::output},
+    {"sent", nullptr, "[PACKETS]", 0, 1, "show the last packets that the host sent, 20 by default",
      show_sent},
     {"channels", nullptr, "", 0, 0, "show the auto-send channels", show_channels},
     {"standin", "on", "", 0, 0, "let the microcode's stand-in take what is sent",
@@ -237,19 +250,70 @@ constexpr ChipCommand kCommands[] = {
      turn<LD_DEBUG_LOOP_SET, true>},
     {"loop", "off", "", 0, 0, "keep them", turn<LD_DEBUG_LOOP_SET, false>},
     {"lookup", "eml", "TABLE KEYHEX", 2, 2,
-     "what the microcode finds in a hash table, key byte 0 first", lookup_eml, eml_table_words,
-     kHere},
+     "what the microcode finds in a hash table, key byte 0 first", lookup_eml, Needs::module,
+     eml_table_words},
     {"lookup", "lcam", "TABLE KEYHEX", 2, 2, "what it finds in a local CAM table, key byte 0 first",
-     lookup_lcam, lcam_table_words, kHere},
+     lookup_lcam, Needs::module, lcam_table_words},
+    {"lookup", "ha", "FRAMEHEX [PORT [CHANNEL]]", 1, 3,
+     "what a packet meets in the pre-classifier, as from port fe:0", lookup_ha, Needs::module},
     {"show", "eml", "TABLE", 1, 1, "draw which items of a hash table are in use", show_eml,
-     eml_table_words, kHere},
+     Needs::module, eml_table_words},
     {"show", "lcam", "TABLE", 1, 1, "draw which entries of a local CAM table are in use", show_lcam,
-     lcam_table_words, kHere},
-    {"select", nullptr, "N", 1, 1, "choose the chip that these commands mean, 0 at first",
+     Needs::module, lcam_table_words},
+    {"show", "ha", "", 0, 0, "draw the rules of the pre-classifier", show_ha, Needs::module},
+    {"select", nullptr, "CHIP", 1, 1, "choose the chip that these commands mean, 0 at first",
      select_chip},
-    {"attach", nullptr, "N", 1, 1, "power chip 1 to 3 on and register it as a slave", attach_slave,
-     nullptr, kHere},
+    {"attach", nullptr, "CHIP", 1, 1, "power chip 1 to 3 on and register it as a slave",
+     attach_slave, Needs::module},
     {"help", nullptr, "", 0, 0, "show this list", help},
+};
+
+// The words of `chip fault`.
+std::vector<NextWord> operation_words()
+{
+    std::vector<NextWord> words = {{"rba", "a command frame", false},
+                                   {"semaphore", "the semaphore of a hash table", false}};
+    for (uint32_t op = 0; op < static_cast<uint32_t>(model::Op::kOpNum); op++) {
+        words.push_back({model::op_info(static_cast<model::Op>(op)).name, "", false});
+    }
+    return words;
+}
+
+std::vector<NextWord> fault_words()
+{
+    return {{"nth=", "the first call that fails", false},
+            {"count=", "how many fail, 0 all from then on", false},
+            {"code=", "what a driver function answers", false},
+            {"status=", "the status word of a response", false},
+            {"op=", "only this command: read, write, add, ...", false},
+            {"busy", "the slave bus never ends a command", false}};
+}
+
+struct Argument {
+    const char *name;
+    const char *help;
+    std::vector<NextWord> (*words)() = nullptr;  // what it can be, whatever the command
+};
+
+constexpr Argument kArguments[] = {
+    {"<ADDR>", "a chip address, a multiple of 4"},
+    {"<ATOMS>", "a bitmap, 1 to 15"},
+    {"<CHANNEL>", "a GEM port or logical link"},
+    {"<CHIP>", "a chip, 0 to 3"},
+    {"<COUNT>", "how many instructions"},
+    {kFileWord, "a file; - is standard input, or output"},
+    {"<FRAMEHEX>", "the packet's bytes in hexadecimal"},
+    {"<KEYHEX>", "the key's bytes in hexadecimal"},
+    {"<OPERATION>", "what is to fail", operation_words},
+    {"<PACKETS>", "how many"},
+    {"<PC>", "the number of an instruction"},
+    {"<PORT>", "TYPE[:PORT[:SUBPORT[:PRIORITY]]]", port_words},
+    {"<RECORDS>", "how many"},
+    {"<TABLE>", "a table by name or number"},
+    {"<TICKS>", "a number of 0.1 ms"},
+    {"<VALUE>", "a 32-bit value"},
+    {"<WORD>", "about the calls that fail", fault_words},
+    {"<WORDS>", "how many words"},
 };
 
 std::string full_name(const ChipCommand &command)
@@ -294,23 +358,29 @@ std::string described(const ChipCommand &command)
     return arguments.empty() ? command.help : arguments + ": " + command.help;
 }
 
-// What could have stood behind "chip", or behind one of its group words, as one text.
-std::string expected_words(std::span<const std::string> path)
+// What can stand behind a group's word, or, for an empty one, behind "chip", as one text.
+std::string expected_words(std::string_view group)
 {
     std::string text;
-    for (const NextWord &word : chip_next_words(path)) {
-        text += (text.empty() ? "" : ", ") + word.name;
+    std::string_view last;
+    for (const ChipCommand &command : kCommands) {
+        const bool second = command.second != nullptr;
+        const std::string_view word = group.empty() ? command.word
+                                      : second      ? command.second
+                                                    : command.arguments;
+        if ((group.empty() || group == command.word) && word != last) {
+            text += (text.empty() ? "" : ", ") + std::string(word);
+            last = word;
+        }
     }
     return text;
 }
 
 [[noreturn]] void refuse_words(std::span<const std::string> words)
 {
-    const std::string group[] = {"chip", words[0]};
-    const std::string seconds = expected_words(group);
-    if (seconds.empty()) {
-        throw usage("\"" + words[0] + "\": no command of the chip; expected " +
-                    expected_words({group, 1}));
+    const std::string seconds = expected_words(words[0]);
+    if (seconds.empty() || words[0].empty()) {
+        throw usage("\"" + words[0] + "\": no command of the chip; expected " + expected_words(""));
     }
     if (words.size() < 2) {
         throw usage("chip " + words[0] + ": a word is missing; expected " + seconds);
@@ -318,9 +388,64 @@ std::string expected_words(std::span<const std::string> path)
     throw usage("chip " + words[0] + ": \"" + words[1] + "\": unknown word; expected " + seconds);
 }
 
+Arguments arguments_of(const ChipCommand &command, std::span<const std::string> words)
+{
+    return words.subspan(command.second == nullptr ? 1 : 2);
+}
+
+// "<WORDS>" for argument 1 of "ADDR [WORDS]"; the last name stands for all behind it.
+std::string argument_name(const ChipCommand &command, size_t index)
+{
+    std::istringstream names(command.arguments);
+    std::string name;
+    for (size_t i = 0; i <= index && names >> name; i++) {
+    }
+    std::erase_if(name, [](char c) { return c == '[' || c == ']' || c == '.'; });
+    return "<" + name + ">";
+}
+
+// What can stand behind the arguments that are there.
+void add_argument_words(const ChipCommand &command, Arguments typed, std::vector<NextWord> &words)
+{
+    if (typed.size() > command.most) {
+        words.push_back(surplus_word(typed[command.most]));
+        return;
+    }
+    if (typed.size() < command.most) {
+        const std::string name = argument_name(command, typed.size());
+        const Argument &argument =
+            *std::find_if(std::begin(kArguments), std::end(kArguments),
+                          [&](const Argument &row) { return row.name == name; });
+        words.push_back({name, argument.help, false});
+        const auto list = argument.words != nullptr ? argument.words : command.words;
+        if (list != nullptr && (typed.empty() || argument.words != nullptr)) {
+            const std::vector<NextWord> more = list();
+            words.insert(words.end(), more.begin(), more.end());
+        }
+    }
+    if (typed.size() >= command.least) {
+        words.push_back(line_end());
+    }
+}
+
 }  // namespace
 
-void ChipSession::run(std::span<const std::string> words, Output &output)
+NamedFile chip_file(std::span<const std::string> words)
+{
+    words = words.subspan(1);
+    const ChipCommand *command = words.empty() ? nullptr : find_command(words);
+    if (command == nullptr || (!reads_file(command->needs) && command->needs != Needs::output)) {
+        return {};
+    }
+    const Arguments arguments = arguments_of(*command, words);
+    if (arguments.size() < command->least || arguments.size() > command->most) {
+        return {};
+    }
+    return {reads_file(command->needs) ? NamedFile::read : NamedFile::written,
+            command->needs >= Needs::module, full_name(*command), arguments[0]};
+}
+
+void ChipSession::run(std::span<const std::string> words, CarriedFile &file, Output &output)
 {
     words = words.subspan(1);
     if (words.empty()) {
@@ -331,7 +456,7 @@ void ChipSession::run(std::span<const std::string> words, Output &output)
     if (command == nullptr) {
         refuse_words(words);
     }
-    const Arguments arguments = words.subspan(command->second == nullptr ? 1 : 2);
+    const Arguments arguments = arguments_of(*command, words);
     const std::string name = full_name(*command);
     if (arguments.size() < command->least) {
         throw usage(name + ": an argument is missing; expected " + usage_of(*command));
@@ -340,11 +465,15 @@ void ChipSession::run(std::span<const std::string> words, Output &output)
         throw usage(name + ": \"" + arguments[command->most] +
                     "\" is one word too many; expected " + usage_of(*command));
     }
-    if (command->here && !door_.between().empty()) {
+    if (command->needs >= Needs::module && !door_.between().empty()) {
         throw failed(name + ": needs the module in this process, and there is " + door_.between() +
                      " in between; expected no --device, or one of `ldsdk serve`");
     }
+    if (reads_file(command->needs) && !file.in) {
+        throw usage(name + ": the bytes of \"" + arguments[0] + "\" did not come with the request");
+    }
     command_ = name;
+    file_ = &file;
     command->run(*this, arguments, output);
 }
 
@@ -393,28 +522,26 @@ void ChipSession::select(uint32_t chip)
 
 std::vector<NextWord> chip_next_words(std::span<const std::string> path)
 {
+    path = path.subspan(1);
     std::vector<NextWord> words;
     for (const ChipCommand &command : kCommands) {
         const bool group = command.second != nullptr;
-        if (path.size() == 1 && (words.empty() || words.back().name != command.word)) {
-            const std::string group_path[] = {path[0], command.word};
+        if (path.empty() && (words.empty() || words.back().name != command.word)) {
             words.push_back(
-                {command.word, group ? expected_words(group_path) : described(command), group});
+                {command.word, group ? expected_words(command.word) : described(command), group});
         }
-        else if (path.size() == 2 && group && path[1] == command.word) {
-            words.push_back({command.second, described(command), command.words != nullptr});
-        }
-        else if (path.size() == 3 && group && command.words != nullptr && path[1] == command.word &&
-                 path[2] == command.second) {
-            words = command.words();
+        else if (path.size() == 1 && group && path[0] == command.word) {
+            words.push_back({command.second, described(command), command.most != 0});
         }
     }
-    if (path.size() == 2 && path[1] == "fault") {
-        words.push_back({"rba", "a command frame", false});
-        words.push_back({"semaphore", "the semaphore of a hash table", false});
-        for (uint32_t op = 0; op < static_cast<uint32_t>(model::Op::kOpNum); op++) {
-            words.push_back({model::op_info(static_cast<model::Op>(op)).name, "", false});
-        }
+    if (path.empty()) {
+        return words;
+    }
+    if (const ChipCommand *command = find_command(path); command != nullptr) {
+        add_argument_words(*command, arguments_of(*command, path), words);
+    }
+    else if (words.empty()) {
+        words.push_back(unknown_word(path[expected_words(path[0]).empty() ? 0 : 1]));
     }
     return words;
 }

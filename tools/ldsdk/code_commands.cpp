@@ -28,6 +28,17 @@ auto with_name(const std::string &command, Work work)
     }
 }
 
+// The image that came; what looks wrong about it is said.
+std::span<const uint8_t> read_code(ChipSession &session, const std::string &file, Output &output)
+{
+    const std::string &bytes = *session.file().in;
+    const std::span image(reinterpret_cast<const uint8_t *>(bytes.data()), bytes.size());
+    if (const std::string missing = host::missing_bytes(image); !missing.empty()) {
+        output.write(file + " looks cut short: " + missing + "\n");
+    }
+    return image;
+}
+
 void check(const std::string &command, const std::string &file, uint32_t status)
 {
     if (status != 0) {
@@ -47,14 +58,14 @@ void traffic_set(ChipSession &session, bool on)
 
 }  // namespace
 
-void load_code(ChipSession &session, Arguments arguments, Output &)
+void load_code(ChipSession &session, Arguments arguments, Output &output)
 {
     check("chip load", arguments[0], with_name("chip load", [&] {
-              return host::load_image(session.selected(), host::read_image(arguments[0]));
+              return session.load(read_code(session, arguments[0], output));
           }));
 }
 
-void load_code_online(ChipSession &session, Arguments arguments, Output &)
+void load_code_online(ChipSession &session, Arguments arguments, Output &output)
 {
     const auto atoms = static_cast<uint32_t>(
         arguments.size() < 2
@@ -62,7 +73,7 @@ void load_code_online(ChipSession &session, Arguments arguments, Output &)
             : read_number("chip load online", arguments[1], "a bitmap of atoms", 1, kAllAtoms));
     check("chip load online", arguments[0], with_name("chip load online", [&] {
               return host::online_load_image(session.selected(), atoms,
-                                             host::read_image(arguments[0]));
+                                             read_code(session, arguments[0], output));
           }));
 }
 

@@ -1,13 +1,18 @@
 #include "tools/ldsdk/editor.h"
 
+#include "tools/ldsdk/chip_commands.h"
 #include "tools/ldsdk/repl.h"
+#include "tools/log/fd.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <memory>
+#include <sstream>
 
 #include <readline/history.h>
 #include <readline/readline.h>
@@ -21,34 +26,49 @@ constexpr int kHistoryLines = 1000;
 // The line editor calls bare functions, so what they need is the process's.
 struct Completion {
     std::vector<std::string> names;  // that fit the word under way
+    bool files;                      // names of files do so, too
     size_t next;
 };
 Completion g_completion = {};
 
-char *next_name(const char *, int state)
+char *next_name(const char *text, int state)
 {
     if (state == 0) {
         g_completion.next = 0;
     }
-    if (g_completion.next == g_completion.names.size()) {
-        return nullptr;
+    const size_t at = g_completion.next++;
+    if (at < g_completion.names.size()) {
+        return ::strdup(g_completion.names[at].c_str());
     }
-    return ::strdup(g_completion.names[g_completion.next++].c_str());
+    const int file_state = at == g_completion.names.size() ? 0 : 1;
+    return g_completion.files ? rl_filename_completion_function(text, file_state) : nullptr;
+}
+
+// What stands in front of a place of the line under way, be it the last of a pasted block.
+TypedLine typed_up_to(int place)
+{
+    const std::string_view typed(rl_line_buffer, static_cast<size_t>(place));
+    return split_typed(typed.substr(typed.rfind('\n') + 1));
 }
 
 char **complete(const char *text, int start, int)
 {
-    rl_attempted_completion_over = 1;  // no file names
-    TypedLine typed = split_typed({rl_line_buffer, static_cast<size_t>(start)});
-    if (typed.open_quote) {
+    rl_attempted_completion_over = 1;  // file names only where a file can stand
+    TypedLine typed = typed_up_to(start);
+    if (typed.open_quote && !typed.last.empty()) {
         return nullptr;
     }
     typed.last = text;
-    g_completion.names.clear();
+    g_completion = {};
     for (const NextWord &word : matching_words(typed)) {
-        if (!stands_for_many(word)) {
+        g_completion.files = g_completion.files || word.name == kFileWord;
+        if (!stands_for_many(word) && word.name == visible(word.name)) {
             g_completion.names.push_back(word.name);
         }
+    }
+    if (g_completion.names.size() == 1 &&
+        std::strchr("=:", g_completion.names[0].back()) != nullptr) {
+        rl_completion_append_character = '\0';
     }
     return rl_completion_matches(text, next_name);
 }
@@ -56,12 +76,12 @@ char **complete(const char *text, int start, int)
 // `?` shows what can stand at the cursor; inside quotes it is a character like any other.
 int help_key(int count, int key)
 {
-    const TypedLine typed = split_typed({rl_line_buffer, static_cast<size_t>(rl_point)});
+    const TypedLine typed = typed_up_to(rl_point);
     if (typed.open_quote) {
         return rl_insert(count, key);
     }
     std::fputs("?\n", rl_outstream);
-    show_words(matching_words(typed));
+    show_matching_words(typed);
     rl_on_new_line();
     rl_forced_update_display();
     return 0;
@@ -91,36 +111,52 @@ std::filesystem::path history_path()
                                                         : std::filesystem::path();
 }
 
-// History of earlier runs, kept for later ones.
+// History of earlier runs and of prompts beside this one. Each line goes to the file at once.
 class History {
   public:
     History() : path_(history_path())
     {
         using_history();
-        stifle_history(kHistoryLines);
         if (!path_.empty()) {
+            const Lock lock(path_);
+            // A file of its user alone, if there is none: appending makes none.
+            const Fd made(::open(path_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
             read_history(path_.c_str());
+            if (history_length > 2 * kHistoryLines) {
+                history_truncate_file(path_.c_str(), kHistoryLines);
+            }
         }
+        stifle_history(kHistoryLines);
     }
-    ~History()
-    {
-        if (!path_.empty()) {
-            write_history(path_.c_str());
-        }
-    }
-    History(const History &) = delete;
-    History &operator=(const History &) = delete;
 
-    void add(const char *line)
+    void add(const std::string &line)
     {
         const HIST_ENTRY *last =
             history_length == 0 ? nullptr : history_get(history_base + history_length - 1);
-        if (last == nullptr || std::strcmp(last->line, line) != 0) {
-            add_history(line);
+        if (last != nullptr && line == last->line) {
+            return;
+        }
+        add_history(line.c_str());
+        if (!path_.empty()) {
+            const Lock lock(path_);
+            append_history(1, path_.c_str());
         }
     }
 
   private:
+    // The folder, so that no line is lost while another prompt cuts the file.
+    class Lock {
+      public:
+        explicit Lock(const std::filesystem::path &path)
+            : folder_(::open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+        {
+            ::flock(folder_.get(), LOCK_EX);
+        }
+
+      private:
+        Fd folder_;  // closing it gives the lock back
+    };
+
     std::filesystem::path path_;
 };
 
@@ -172,6 +208,8 @@ Editor::Editor()
     rl_attempted_completion_function = complete;
     rl_completer_quote_characters = "\"'";
     rl_basic_word_break_characters = " \t\n";
+    rl_filename_quote_characters = " \t\n\"'#";
+    rl_variable_bind("expand-tilde", "on");
     rl_bind_key('?', help_key);
     g_history = std::make_unique<History>();
 }
@@ -181,17 +219,22 @@ Editor::~Editor()
     g_history.reset();
 }
 
-std::optional<std::string> Editor::read()
+std::optional<std::vector<std::string>> Editor::read()
 {
     const InterruptGuard guard;
-    const TypedText line(::readline(kPrompt), std::free);
-    if (line == nullptr) {
+    const TypedText typed(::readline(kPrompt), std::free);
+    if (typed == nullptr) {
         return std::nullopt;
     }
-    if (line.get()[0] != '\0') {
-        g_history->add(line.get());
+    std::vector<std::string> lines;
+    std::istringstream block(typed.get());
+    for (std::string line; std::getline(block, line);) {
+        if (!line.empty()) {
+            g_history->add(line);
+            lines.push_back(line);
+        }
     }
-    return line.get();
+    return lines;
 }
 
 std::FILE *Editor::stream()

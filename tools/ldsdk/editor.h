@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace ldsdk::tool {
 
@@ -14,8 +15,8 @@ class Editor {
     Editor(const Editor &) = delete;
     Editor &operator=(const Editor &) = delete;
 
-    // Asks for a line; nothing at the end of input.
-    std::optional<std::string> read();
+    // Asks for a line: one that was typed, or those of a pasted block. Nothing at the end of input.
+    std::optional<std::vector<std::string>> read();
     // Where the prompt goes, and the help for it.
     static std::FILE *stream();
     // What is said when it starts.

@@ -18,7 +18,8 @@ class Error : public std::runtime_error {
         usage,   // it was asked for in the wrong way
     };
 
-    Error(Kind kind, const std::string &text) : std::runtime_error(text), kind_(kind) {}
+    // A text of more than a few lines, for a word of such a length, loses its middle.
+    Error(Kind kind, const std::string &text) : std::runtime_error(cut_middle(text)), kind_(kind) {}
 
     Kind kind() const
     {
@@ -30,6 +31,8 @@ class Error : public std::runtime_error {
     }
 
   private:
+    static std::string cut_middle(const std::string &text);
+
     Kind kind_;
 };
 

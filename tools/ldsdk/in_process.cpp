@@ -41,7 +41,7 @@ std::vector<NextWord> tree_next_words(std::span<const std::string> path)
             entry++;
         }
         if (entry == end) {
-            return {};
+            return {unknown_word(word)};
         }
         if (entry->ulChildNum == 0) {
             return param_next_words(entry->pfnHandler, path.subspan(i + 1));
@@ -113,15 +113,16 @@ void InProcess::device(const CommandBuffer &buffer, Output &output)
     }
 }
 
-void InProcess::chip(std::span<const std::string> words, Output &output)
+void InProcess::chip(std::span<const std::string> words, CarriedFile &file, Output &output)
 {
-    chip(session_, words, output);
+    chip(session_, words, file, output);
 }
 
-void InProcess::chip(ChipSession &session, std::span<const std::string> words, Output &output)
+void InProcess::chip(ChipSession &session, std::span<const std::string> words, CarriedFile &file,
+                     Output &output)
 {
     const OutputScope scope(output_, output);
-    session.run(words, output);
+    session.run(words, file, output);
 }
 
 std::vector<NextWord> InProcess::next_words(std::span<const std::string> path)

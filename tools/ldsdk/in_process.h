@@ -17,11 +17,12 @@ class InProcess : public Backend {
     InProcess &operator=(const InProcess &) = delete;
 
     void device(const CommandBuffer &buffer, Output &output) override;
-    void chip(std::span<const std::string> words, Output &output) override;
+    void chip(std::span<const std::string> words, CarriedFile &file, Output &output) override;
     std::vector<NextWord> next_words(std::span<const std::string> path) override;
 
     // The same for one user of several, each with a chip of its own choice.
-    void chip(ChipSession &session, std::span<const std::string> words, Output &output);
+    void chip(ChipSession &session, std::span<const std::string> words, CarriedFile &file,
+              Output &output);
 
   private:
     static void sink(const char *text, void *user);

@@ -1,6 +1,8 @@
 #include "tools/ldsdk/lookup_commands.h"
 
+#include "host/ha_view.h"
 #include "host/lookup_view.h"
+#include "tools/ldsdk/channel_commands.h"
 #include "tools/ldsdk/error.h"
 
 #include <cctype>
@@ -99,6 +101,26 @@ void show_lcam(ChipSession &session, Arguments arguments, Output &output)
         const uint32_t chip = session.selected();
         return host::show_lcam_text(chip, table, host::priority_blocks(chip, table));
     });
+}
+
+void lookup_ha(ChipSession &session, Arguments arguments, Output &output)
+{
+    const std::string command = "chip lookup ha";
+    const NpPortID port = read_port(command, arguments.size() > 1 ? arguments[1] : "fe:0");
+    const uint32_t channel =
+        arguments.size() > 2 ? static_cast<uint32_t>(read_number(
+                                   command, arguments[2], "a GEM port or logical link", 0, 0xffff))
+                             : model::kHaNoChannel;
+    write_text(command, output, [&] {
+        return host::lookup_ha_text(session.selected(), host::parse_frame(arguments[0]),
+                                    {port.ulPortType, port.ulPortID, port.ulSubPortID, port.ulPri},
+                                    channel);
+    });
+}
+
+void show_ha(ChipSession &session, Arguments, Output &output)
+{
+    write_text("chip show ha", output, [&] { return host::show_ha_text(session.selected()); });
 }
 
 std::vector<NextWord> eml_table_words()

@@ -11,6 +11,9 @@ void lookup_lcam(ChipSession &session, std::span<const std::string> arguments, O
 // TABLE
 void show_eml(ChipSession &session, std::span<const std::string> arguments, Output &output);
 void show_lcam(ChipSession &session, std::span<const std::string> arguments, Output &output);
+// FRAMEHEX [PORT [CHANNEL]]
+void lookup_ha(ChipSession &session, std::span<const std::string> arguments, Output &output);
+void show_ha(ChipSession &session, std::span<const std::string> arguments, Output &output);
 
 // Names of the tables.
 std::vector<NextWord> eml_table_words();

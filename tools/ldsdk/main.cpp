@@ -23,7 +23,7 @@ void run(const Options &options, ConsoleOutput &output)
     const bool on_terminal = ::isatty(STDIN_FILENO) != 0;
     const std::unique_ptr<Backend> backend = open_backend(options.device);
     if (options.mode == Mode::one_shot) {
-        run_command(*backend, options.words, output);
+        run_command(*backend, options.words, Stdin::free, output);
         return;
     }
     if (options.mode == Mode::script) {

@@ -1,5 +1,7 @@
 #include "tools/ldsdk/model_door.h"
 
+#include "host/image.h"
+
 namespace ldsdk::tool {
 
 namespace {
@@ -9,6 +11,10 @@ class LocalModel : public ModelDoor {
     uint32_t call(LdDebugCall &call) override
     {
         return Ld_Debug(&call);
+    }
+    uint32_t load(uint32_t chip, std::span<const uint8_t> image) override
+    {
+        return host::load_image(chip, image);
     }
     std::string between() const override
     {

@@ -3,6 +3,8 @@
 
 #include "chipmodel/debug.h"
 
+#include <cstdint>
+#include <span>
 #include <string>
 
 namespace ldsdk::tool {
@@ -24,6 +26,8 @@ class ModelDoor {
 
     // What Ld_Debug answers to the call. Throws when the model can't be asked.
     virtual uint32_t call(LdDebugCall &call) = 0;
+    // Loads a microcode image into a chip: what the module answers. Throws when it can't be asked.
+    virtual uint32_t load(uint32_t chip, std::span<const uint8_t> image) = 0;
     // Empty when module and model are in this process, so that commands may call both; else what
     // stands in between.
     virtual std::string between() const = 0;

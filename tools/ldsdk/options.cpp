@@ -36,6 +36,9 @@ void set_mode(Options &options, bool serve, bool has_script)
         if (!options.device.empty() || has_script || options.interactive || options.echo) {
             throw misused("serve: expected no option but --socket beside it");
         }
+        if (!options.words.empty()) {
+            throw misused("serve: \"" + options.words[0] + "\": expected one --socket PATH only");
+        }
         options.mode = Mode::serve;
         return;
     }
@@ -76,7 +79,9 @@ std::optional<Options> read_options(int argc, char **argv)
                  "show each script line on standard error before it runs");
     CLI::App *serve =
         app.add_subcommand("serve", "serve the module and the chip model at a socket");
-    serve->add_option("--socket", options.socket, "where the socket is made, mode 0600")
+    serve
+        ->add_option("--socket", options.socket,
+                     "where the socket is made, mode 0600, and a lock file beside it")
         ->required()
         ->type_name("PATH");
     try {
@@ -89,7 +94,7 @@ std::optional<Options> read_options(int argc, char **argv)
     catch (const CLI::ParseError &error) {
         throw misused(error.what());
     }
-    options.words = app.remaining();
+    options.words = app.remaining(true);
     if (!options.words.empty() && options.words[0].starts_with('-')) {
         throw misused("\"" + options.words[0] + "\": unknown option");
     }

@@ -1,10 +1,15 @@
 // Where the text of commands goes. Text is gathered and passed on in large pieces.
 #pragma once
 
+#include <unistd.h>
 #include <string>
 #include <string_view>
 
 namespace ldsdk::tool {
+
+// A text as a terminal may show it: what a terminal would obey stands as \x1b, and so do bytes that
+// are no UTF-8. Ends of lines stay, those of the module ("\n\r") too, and tabs.
+std::string visible(std::string_view text);
 
 class Output {
   public:
@@ -37,7 +42,26 @@ class Output {
     bool line_open_ = false;  // as of the last flush
 };
 
-// Standard output.
+// Keeps what it is given.
+class TextOutput : public Output {
+  public:
+    std::string take()
+    {
+        flush();
+        return std::move(text_);
+    }
+
+  protected:
+    void pass_on(std::string_view text) noexcept override
+    {
+        text_.append(text);
+    }
+
+  private:
+    std::string text_;
+};
+
+// Standard output. On a terminal control characters are shown: text of a chip is data.
 class ConsoleOutput : public Output {
   public:
     // Throws what a write met. A reader that went away is told without a text: whoever piped the
@@ -50,6 +74,7 @@ class ConsoleOutput : public Output {
     void pass_on(std::string_view text) noexcept override;
 
   private:
+    const bool on_terminal_ = ::isatty(STDOUT_FILENO) != 0;
     int error_ = 0;
 };
 

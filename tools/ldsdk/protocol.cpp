@@ -1,5 +1,6 @@
 #include "tools/ldsdk/protocol.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace ldsdk::tool {
@@ -29,6 +30,14 @@ void append_frame(std::string &bytes, FrameKind kind, std::string_view body)
     append_word32(bytes, static_cast<uint32_t>(kind));
     append_word32(bytes, static_cast<uint32_t>(body.size()));
     bytes.append(body);
+}
+
+void append_frames(std::string &bytes, FrameKind kind, std::string_view body)
+{
+    do {
+        append_frame(bytes, kind, body.substr(0, kMaxRequest));
+        body.remove_prefix(std::min(body.size(), kMaxRequest));
+    } while (!body.empty());
 }
 
 void append_status(std::string &bytes, uint32_t status)

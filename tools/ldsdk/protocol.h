@@ -1,8 +1,8 @@
 // How the tool and `ldsdk serve` speak over a stream socket: frames of a kind and a length, 32 bits
 // each, little-endian, and as many bytes as the length says.
 //
-// A client sends one request frame at a time and reads the answer: output frames and at most one
-// message frame, in any number from none, and then one status frame. The server takes further
+// A client sends one request at a time and reads the answer: output frames in any number from none,
+// at most one message frame, and then one status frame. The server takes further
 // requests while it works and answers them in order.
 #pragma once
 
@@ -20,12 +20,15 @@ enum class FrameKind : uint32_t {
     kDevice = 1,  // the 512 bytes for the command device
     kChip = 2,    // words of a chip command, "chip" first, each ended by a NUL
     kNext = 3,    // words of a path, each ended by a NUL: what can follow?
+    kFile = 4,    // bytes, in any number of frames, of the file that the next chip command reads;
+                  // no answer
 
     // answers
     kOutput = 16,   // text for standard output; to kNext: per word its name, NUL, '+' when more
                     // words follow it or '-', help text, NUL
     kMessage = 17,  // why the request failed, a text for standard error
     kStatus = 18,   // 32 bits: what the tool's exit status would be, 0 1 or 2
+    kWritten = 19,  // bytes, in any number of frames, of the file that the command writes
 };
 
 inline constexpr size_t kFrameHeadSize = 8;
@@ -37,6 +40,8 @@ struct Frame {
 };
 
 void append_frame(std::string &bytes, FrameKind kind, std::string_view body);
+// The same in frames of at most kMaxRequest bytes, one at least.
+void append_frames(std::string &bytes, FrameKind kind, std::string_view body);
 void append_status(std::string &bytes, uint32_t status);
 uint32_t status_of(std::string_view body);
 

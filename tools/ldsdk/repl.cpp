@@ -3,6 +3,7 @@
 #include "tools/ldsdk/editor.h"
 #include "tools/ldsdk/error.h"
 
+#include <sys/ioctl.h>
 #include <algorithm>
 #include <cstdio>
 
@@ -20,40 +21,83 @@ bool stands_for_many(const NextWord &word)
     return word.name.starts_with('<');
 }
 
-std::vector<NextWord> matching_words(const TypedLine &typed)
+namespace {
+
+std::vector<NextWord> known_words(const TypedLine &typed)
 {
-    std::vector<NextWord> words;
-    try {
-        words = g_backend->next_words(typed.words);
-    }
-    catch (const Error &) {
-        return {};  // the next command will tell
-    }
+    std::vector<NextWord> words = g_backend->next_words(typed.words);
     if (typed.words.empty()) {
         words.push_back({"help", "what can be typed here", false});
         words.push_back({"quit", "leave; so does the end of input", false});
     }
     std::erase_if(words, [&](const NextWord &word) {
-        return !stands_for_many(word) && !word.name.starts_with(typed.last);
+        return stands_for_many(word) ? word.name == kLineEnd && !typed.last.empty()
+                                     : !word.name.starts_with(typed.last);
     });
     return words;
 }
 
-void show_words(const std::vector<NextWord> &words)
+size_t screen_width()
 {
-    size_t width = 0;
+    constexpr size_t kDefault = 80;
+    winsize size = {};
+    return ::ioctl(::fileno(Editor::stream()), TIOCGWINSZ, &size) == 0 && size.ws_col != 0
+               ? size.ws_col
+               : kDefault;
+}
+
+// Words with help have a line each; the others stand in columns.
+std::string words_text(const std::vector<NextWord> &words)
+{
+    const auto lists = [](const NextWord &word) {
+        return word.help.empty() && !stands_for_many(word);
+    };
+    size_t widths[2] = {};
     for (const NextWord &word : words) {
+        size_t &width = widths[lists(word) ? 1 : 0];
         width = std::max(width, word.name.size());
     }
+    const size_t columns = std::max<size_t>(screen_width() / (widths[1] + 2), 1);
+    std::string text;
+    size_t column = 0;
     for (const NextWord &word : words) {
-        std::fprintf(Editor::stream(), "  %-*s  %s\n", static_cast<int>(width), word.name.c_str(),
-                     word.help.c_str());
+        const bool listed = lists(word);
+        if (column == columns || (column != 0 && !listed)) {
+            text += "\n";
+            column = 0;
+        }
+        text += "  " + word.name + std::string(widths[listed ? 1 : 0] - word.name.size(), ' ');
+        text += listed ? "" : "  " + word.help + "\n";
+        column += listed ? 1 : 0;
     }
-    if (words.empty()) {
-        std::fputs(
-            "  nothing is known to come here: the end of the line, or a word before is wrong\n",
-            Editor::stream());
+    return text + (column != 0 ? "\n" : "");
+}
+
+}  // namespace
+
+std::vector<NextWord> matching_words(const TypedLine &typed)
+{
+    try {
+        return known_words(typed);
     }
+    catch (const Error &) {
+        return {};  // the next command will tell
+    }
+}
+
+void show_matching_words(const TypedLine &typed)
+{
+    std::string text;
+    try {
+        text = words_text(known_words(typed));
+        if (text.empty()) {
+            text = "  nothing that begins with \"" + typed.last + "\" can stand here\n";
+        }
+    }
+    catch (const Error &error) {
+        text = std::string("  not known: ") + error.what() + "\n";
+    }
+    std::fputs(visible(text).c_str(), Editor::stream());
 }
 
 namespace {
@@ -71,10 +115,39 @@ Answer run_line(Backend &backend, const std::string &line, ConsoleOutput &output
         return Answer::leave;
     }
     if (words[0] == "help" || words[0] == "?") {
-        show_words(matching_words({}));
+        show_matching_words({});
         return Answer::go_on;
     }
-    run_command(backend, words, output);
+    run_command(backend, words, Stdin::taken, output);
+    return Answer::go_on;
+}
+
+}  // namespace
+
+namespace {
+
+// Runs a line, or a pasted block up to the first line that fails: what follows may build on it.
+Answer run_lines(Backend &backend, const std::vector<std::string> &lines, ConsoleOutput &output)
+{
+    for (size_t at = 0; at < lines.size(); at++) {
+        output.fresh_line();
+        if (lines.size() > 1) {
+            output.tell(kPrompt + lines[at]);
+        }
+        try {
+            if (run_line(backend, lines[at], output) == Answer::leave) {
+                return Answer::leave;
+            }
+        }
+        catch (const Error &error) {
+            output.tell(std::string("ldsdk: ") + error.what());
+            if (const size_t left = lines.size() - at - 1; left != 0) {
+                output.tell("ldsdk: not run: " + std::to_string(left) + " further line" +
+                            (left == 1 ? "" : "s") + " of the block");
+            }
+            break;
+        }
+    }
     return Answer::go_on;
 }
 
@@ -89,18 +162,13 @@ void run_prompt(Backend &backend, ConsoleOutput &output)
         output.fresh_line();
         output.flush();
         output.check();
-        const std::optional<std::string> line = editor.read();
-        if (!line) {
+        const std::optional<std::vector<std::string>> lines = editor.read();
+        if (!lines) {
             std::fputs("\n", Editor::stream());
             return;
         }
-        try {
-            if (run_line(backend, *line, output) == Answer::leave) {
-                return;
-            }
-        }
-        catch (const Error &error) {
-            output.tell(std::string("ldsdk: ") + error.what());
+        if (run_lines(backend, *lines, output) == Answer::leave) {
+            return;
         }
     }
 }

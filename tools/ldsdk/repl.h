@@ -12,9 +12,9 @@ inline constexpr char kPrompt[] = "ldsdk> ";
 void run_prompt(Backend &backend, ConsoleOutput &output);
 
 // For the line editor: the words that can stand at the end of a line that is still being typed, one
-// in <> for many; and how they are shown.
+// in <> for many, none when the module can't be asked; and how they are shown.
 std::vector<NextWord> matching_words(const TypedLine &typed);
 bool stands_for_many(const NextWord &word);
-void show_words(const std::vector<NextWord> &words);
+void show_matching_words(const TypedLine &typed);
 
 }  // namespace ldsdk::tool

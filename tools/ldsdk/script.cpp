@@ -1,17 +1,18 @@
 #include "tools/ldsdk/script.h"
 
 #include "tools/ldsdk/error.h"
-#include "tools/ldsdk/fd.h"
+#include "tools/log/fd.h"
 
 #include <fcntl.h>
 #include <cerrno>
-#include <cstring>
 #include <optional>
 #include <string_view>
 
 namespace ldsdk::tool {
 
 namespace {
+
+constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";  // of UTF-8
 
 // Lines of a file descriptor.
 class LineReader {
@@ -25,14 +26,14 @@ class LineReader {
     std::optional<std::string_view> next()
     {
         while (true) {
-            const char *begin = bytes_.data() + begin_;
-            // NOLINTNEXTLINE(bugprone-not-null-terminated-result): a file has no NUL
-            const void *end = std::memchr(begin, '\n', bytes_.size() - begin_);
-            if (end != nullptr) {
-                const auto length = static_cast<size_t>(static_cast<const char *>(end) - begin);
-                begin_ += length + 1;
-                return std::string_view(begin, length);
+            const size_t end = bytes_.find('\n', begin_ + looked_at_);
+            if (end != bytes_.npos) {
+                const std::string_view line(bytes_.data() + begin_, end - begin_);
+                begin_ = end + 1;
+                looked_at_ = 0;
+                return line;
             }
+            looked_at_ = bytes_.size() - begin_;
             if (!fill()) {
                 break;
             }
@@ -72,6 +73,7 @@ class LineReader {
     ConsoleOutput &output_;
     std::string bytes_;
     size_t begin_ = 0;
+    size_t looked_at_ = 0;  // bytes from there on that hold no end of a line
 };
 
 }  // namespace
@@ -85,8 +87,11 @@ void run_script(Backend &backend, const std::string &file, bool echo, ConsoleOut
     }
     LineReader reader(from_stdin ? STDIN_FILENO : fd.get(), file, output);
     Words words;
-    for (uint64_t number = 1; const std::optional<std::string_view> line = reader.next();
-         number++) {
+    for (uint64_t number = 1; std::optional<std::string_view> line = reader.next(); number++) {
+        // Some editors begin a file with this mark.
+        if (number == 1 && line->starts_with(kByteOrderMark)) {
+            line->remove_prefix(kByteOrderMark.size());
+        }
         try {
             if (echo && !line->empty()) {
                 const bool comment = line->starts_with('#');
@@ -94,7 +99,7 @@ void run_script(Backend &backend, const std::string &file, bool echo, ConsoleOut
                 output.tell((comment ? "" : "ldsdk> ") + std::string(*line));
             }
             split_line(*line, words);
-            run_command(backend, words, output);
+            run_command(backend, words, from_stdin ? Stdin::taken : Stdin::free, output);
         }
         catch (const Error &error) {
             throw failed(file + ":" + std::to_string(number) + ": " + error.what());

@@ -1,30 +1,37 @@
 #include "tools/ldsdk/server.h"
 
 #include "tools/ldsdk/error.h"
-#include "tools/ldsdk/fd.h"
 #include "tools/ldsdk/in_process.h"
 #include "tools/ldsdk/protocol.h"
 #include "tools/ldsdk/socket_client.h"
 #include "tools/ldsdk/spin.h"
+#include "tools/log/fd.h"
 
+#include <fcntl.h>
 #include <poll.h>
+#include <sys/file.h>
 #include <sys/signalfd.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <list>
+#include <thread>
+#include <utility>
 
 namespace ldsdk::tool {
 
 namespace {
 
-constexpr size_t kReceiveSize = 16 * 1024;
+constexpr size_t kReceiveSize = 64 * 1024;
 constexpr size_t kMaxUnsent = 1024 * 1024;  // no more requests of a client that does not read
 constexpr int kBacklog = 16;
 constexpr size_t kMaxClients = 64;
+// So long one client is answered before the next one's turn, and before a signal is seen.
+constexpr std::chrono::milliseconds kTurn(20);
 
 // Puts what a request prints into output frames.
 class ReplyOutput : public Output {
@@ -59,12 +66,24 @@ class Client {
             return false;
         }
         // Answers what has come, but no more than the client can be sent.
-        while (!closing_ && unsent_.size() < kMaxUnsent && answer_next()) {
+        const Clock::time_point end = Clock::now() + kTurn;
+        bool more = true;
+        while (more && !closing_ && unsent_.size() < kMaxUnsent && Clock::now() < end) {
+            more = answer_next();
         }
+        waiting_ = more && !closing_ && unsent_.size() < kMaxUnsent;
         return send();
     }
 
+    // Its turn was over before its requests were.
+    bool waiting() const
+    {
+        return waiting_;
+    }
+
   private:
+    using Clock = std::chrono::steady_clock;
+
     bool receive()
     {
         const std::span<char> room = reader_.room(kReceiveSize);
@@ -96,10 +115,18 @@ class Client {
 
     void answer(const Frame &frame)
     {
+        if (frame.kind == FrameKind::kFile) {
+            keep(frame.body);
+            return;
+        }
+        CarriedFile file = std::exchange(file_, {});
         ReplyOutput output(unsent_);
         try {
-            run(frame, output);
+            run(frame, file, output);
             output.flush();
+            if (file.out) {
+                append_frames(unsent_, FrameKind::kWritten, *file.out);
+            }
             append_status(unsent_, kExitOk);
         }
         catch (const Error &error) {
@@ -108,8 +135,19 @@ class Client {
         }
     }
 
-    void run(const Frame &frame, Output &output)
+    // One byte too many is kept to tell by.
+    void keep(std::string_view bytes)
     {
+        std::string &kept = file_.in ? *file_.in : file_.in.emplace();
+        kept.append(bytes.substr(0, kMaxFile + 1 - kept.size()));
+    }
+
+    void run(const Frame &frame, CarriedFile &file, Output &output)
+    {
+        if (file.in && file.in->size() > kMaxFile) {
+            throw usage("a file of more than " + std::to_string(kMaxFile) +
+                        " bytes; expected at most so many");
+        }
         switch (frame.kind) {
             case FrameKind::kDevice: {
                 CommandBuffer buffer;
@@ -126,7 +164,7 @@ class Client {
                 if (words.empty() || words[0] != "chip") {
                     throw usage("a chip request without the word chip in front");
                 }
-                module_.chip(session_, words, output);
+                module_.chip(session_, words, file, output);
                 return;
             }
             case FrameKind::kNext:
@@ -137,7 +175,7 @@ class Client {
             default:
                 throw usage("a request of kind " +
                             std::to_string(static_cast<uint32_t>(frame.kind)) +
-                            "; expected 1 (device), 2 (chip) or 3 (next words)");
+                            "; expected 1 (device), 2 (chip), 3 (next words) or 4 (file)");
         }
     }
 
@@ -165,43 +203,104 @@ class Client {
     InProcess &module_;
     ChipSession session_;
     FrameReader reader_;
+    CarriedFile file_;  // of the next request
     std::string unsent_;
+    bool waiting_ = false;
     bool closing_ = false;
 };
 
-// A listening socket that is taken out of the file system again.
+bool is_at(const std::string &path, const struct stat &file)
+{
+    struct stat now = {};
+    return ::lstat(path.c_str(), &now) == 0 && now.st_dev == file.st_dev &&
+           now.st_ino == file.st_ino;
+}
+
+// A name in the file system that is taken away again, if it is still that of the same file.
+class OwnName {
+  public:
+    OwnName() = default;
+    OwnName(const std::string &path, const struct stat &file) : path_(path), file_(file) {}
+    ~OwnName()
+    {
+        if (!path_.empty() && is_at(path_, file_)) {
+            ::unlink(path_.c_str());
+        }
+    }
+    OwnName(const OwnName &) = delete;
+    OwnName &operator=(OwnName &&other) noexcept
+    {
+        std::swap(path_, other.path_);
+        std::swap(file_, other.file_);
+        return *this;
+    }
+
+  private:
+    std::string path_;
+    struct stat file_ = {};
+};
+
+// The right to a socket's path: a file beside it, locked for as long as this is there.
+class PathLock {
+  public:
+    explicit PathLock(const std::string &socket)
+    {
+        const std::string path = socket + ".lock";
+        while (true) {
+            fd_ = Fd(
+                ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600));
+            struct stat info = {};
+            if (!fd_.valid() || ::fstat(fd_.get(), &info) != 0) {
+                throw system_error(path, errno);
+            }
+            if (!S_ISREG(info.st_mode) || info.st_size != 0) {
+                throw failed(path + ": it is no lock of `ldsdk serve`; expected no such file");
+            }
+            if (::flock(fd_.get(), LOCK_EX | LOCK_NB) != 0) {
+                throw errno == EWOULDBLOCK ? failed(socket + ": another `ldsdk serve` has it")
+                                           : system_error(path, errno);
+            }
+            // Who held it before may have taken the file away meanwhile.
+            if (is_at(path, info)) {
+                name_ = OwnName(path, info);
+                return;
+            }
+        }
+    }
+
+  private:
+    Fd fd_;
+    OwnName name_;  // goes first: the lock is held until then
+};
+
+// A listening socket.
 class Listener {
   public:
-    explicit Listener(const std::string &path) : path_(path)
+    explicit Listener(const std::string &path)
+        : path_(path), address_(socket_address(path)), lock_(path)
     {
-        const sockaddr_un address = socket_address(path);
         fd_ = Fd(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
         if (!fd_.valid()) {
             throw system_error(path, errno);
         }
-        remove_dead(address);
+        remove_dead();
         // Nobody else can connect, not even before a later chmod.
         const mode_t old_mask = ::umask(0177);
         const int status =
-            ::bind(fd_.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address);
+            ::bind(fd_.get(), reinterpret_cast<const sockaddr *>(&address_), sizeof address_);
         const int code = errno;
         ::umask(old_mask);
         if (status != 0) {
             throw system_error(path + ": a socket can't be made there", code);
         }
-        bound_ = true;
+        struct stat info = {};
+        if (::lstat(path.c_str(), &info) == 0) {
+            name_ = OwnName(path, info);
+        }
         if (::listen(fd_.get(), kBacklog) != 0) {
             throw system_error(path, errno);
         }
     }
-    ~Listener()
-    {
-        if (bound_) {
-            ::unlink(path_.c_str());
-        }
-    }
-    Listener(const Listener &) = delete;
-    Listener &operator=(const Listener &) = delete;
 
     int fd() const
     {
@@ -210,37 +309,47 @@ class Listener {
 
     Fd accept() const
     {
-        return Fd(::accept4(fd_.get(), nullptr, nullptr, SOCK_CLOEXEC));
+        Fd fd(::accept4(fd_.get(), nullptr, nullptr, SOCK_CLOEXEC));
+        if (!fd.valid() && (errno == EMFILE || errno == ENFILE || errno == ENOMEM)) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));  // it goes on asking
+        }
+        return fd;
     }
 
   private:
     // A socket file that a server left behind when it was killed.
-    void remove_dead(const sockaddr_un &address)
+    void remove_dead() const
     {
         struct stat info;
         if (::lstat(path_.c_str(), &info) != 0 || !S_ISSOCK(info.st_mode)) {
             return;
         }
         const Fd probe(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-        if (::connect(probe.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) !=
-                0 &&
+        if (::connect(probe.get(), reinterpret_cast<const sockaddr *>(&address_),
+                      sizeof address_) != 0 &&
             errno == ECONNREFUSED) {
             ::unlink(path_.c_str());
         }
     }
 
     std::string path_;
+    sockaddr_un address_;
+    PathLock lock_;
     Fd fd_;
-    bool bound_ = false;
+    OwnName name_;
 };
 
-// SIGINT and SIGTERM as something to poll.
+// What ends the server, as something to poll. Under nohup a hang-up does not.
 Fd catch_signals()
 {
     sigset_t set;
     sigemptyset(&set);
     sigaddset(&set, SIGINT);
     sigaddset(&set, SIGTERM);
+    struct sigaction hang_up = {};
+    if (::sigaction(SIGHUP, nullptr, &hang_up) == 0 && hang_up.sa_handler != SIG_IGN) {
+        sigaddset(&set, SIGHUP);
+    }
     ::sigprocmask(SIG_BLOCK, &set, nullptr);
     Fd fd(::signalfd(-1, &set, SFD_CLOEXEC));
     if (!fd.valid()) {
@@ -249,14 +358,29 @@ Fd catch_signals()
     return fd;
 }
 
-void wait_for_event(std::vector<pollfd> &polled)
+void wait_for_event(std::vector<pollfd> &polled, bool work_left)
 {
     const auto poll_for = [&polled](int timeout) {
         return ::poll(polled.data(), polled.size(), timeout);
     };
+    if (work_left) {
+        poll_for(0);
+        return;
+    }
     if (!spin_until([&] { return poll_for(0) != 0; }) && poll_for(-1) < 0 && errno != EINTR) {
         throw system_error("poll", errno);
     }
+}
+
+// The answer to whatever is asked.
+void turn_away(const Fd &fd)
+{
+    std::string answer;
+    append_frame(
+        answer, FrameKind::kMessage,
+        "the server has " + std::to_string(kMaxClients) + " clients, expected at most so many");
+    append_status(answer, kExitFailed);
+    ::send(fd.get(), answer.data(), answer.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
 }
 
 }  // namespace
@@ -272,25 +396,30 @@ void serve(const std::string &socket_path)
     while (true) {
         polled.clear();
         polled.push_back({signals.get(), POLLIN, 0});
-        const bool has_room = clients.size() < kMaxClients;
-        polled.push_back({listener.fd(), static_cast<short>(has_room ? POLLIN : 0), 0});
+        polled.push_back({listener.fd(), POLLIN, 0});
+        bool work_left = false;
         for (const Client &client : clients) {
             polled.push_back(client.wanted());
+            work_left = work_left || client.waiting();
         }
-        wait_for_event(polled);
+        wait_for_event(polled, work_left);
         if (polled[0].revents != 0) {
             return;
         }
         size_t at = 2;
         for (auto client = clients.begin(); client != clients.end(); at++) {
             const short events = polled[at].revents;
-            client =
-                events == 0 || client->handle(events) ? std::next(client) : clients.erase(client);
+            const bool stays = (events == 0 && !client->waiting()) || client->handle(events);
+            client = stays ? std::next(client) : clients.erase(client);
         }
-        if (polled[1].revents != 0) {
-            if (Fd fd = listener.accept(); fd.valid()) {
-                clients.emplace_back(std::move(fd), module);
-            }
+        if (polled[1].revents == 0) {
+            continue;
+        }
+        if (Fd fd = listener.accept(); fd.valid() && clients.size() < kMaxClients) {
+            clients.emplace_back(std::move(fd), module);
+        }
+        else if (fd.valid()) {
+            turn_away(fd);
         }
     }
 }

@@ -5,7 +5,7 @@
 
 namespace ldsdk::tool {
 
-// Serves clients, several at a time, until SIGINT or SIGTERM. Throws when it can't begin.
+// Serves clients, several at a time, until SIGINT, SIGTERM or SIGHUP. Throws when it can't begin.
 void serve(const std::string &socket_path);
 
 }  // namespace ldsdk::tool

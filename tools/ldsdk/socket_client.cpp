@@ -5,6 +5,7 @@
 
 #include <sys/socket.h>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 
 namespace ldsdk::tool {
@@ -14,23 +15,11 @@ namespace {
 constexpr size_t kReceiveSize = 64 * 1024;
 constexpr size_t kMaxAnswer = 1024 * 1024;
 
-// Keeps what it is given.
-class TextOutput : public Output {
-  public:
-    std::string take()
-    {
-        flush();
-        return std::move(text_);
-    }
+constexpr char kStranger[] = "an answer that is none of `ldsdk serve`";
 
-  protected:
-    void pass_on(std::string_view text) noexcept override
-    {
-        text_.append(text);
-    }
-
-  private:
-    std::string text_;
+// The connection is of no more use.
+struct ServerGone {
+    std::string reason;
 };
 
 Fd connect_to(const std::string &path, const std::string &name)
@@ -62,23 +51,29 @@ sockaddr_un socket_address(const std::string &path)
 }
 
 SocketClient::SocketClient(const std::string &path)
-    : name_("unix:" + path), fd_(connect_to(path, name_)), reader_(kMaxAnswer)
+    : path_(path), name_("unix:" + path), fd_(connect_to(path, name_)), reader_(kMaxAnswer)
 {
 }
 
 void SocketClient::device(const CommandBuffer &buffer, Output &output)
 {
+    request_.clear();
     call(FrameKind::kDevice, {buffer.data(), buffer.size()}, output);
 }
 
-void SocketClient::chip(std::span<const std::string> words, Output &output)
+void SocketClient::chip(std::span<const std::string> words, CarriedFile &file, Output &output)
 {
-    call(FrameKind::kChip, join_words(words), output);
+    request_.clear();
+    if (file.in) {
+        append_frames(request_, FrameKind::kFile, *file.in);
+    }
+    file.out = call(FrameKind::kChip, join_words(words), output);
 }
 
 std::vector<NextWord> SocketClient::next_words(std::span<const std::string> path)
 {
     TextOutput answer;
+    request_.clear();
     call(FrameKind::kNext, join_words(path), answer);
     const std::string body = answer.take();
     const std::vector<std::string> fields = cut_words(body);
@@ -90,16 +85,36 @@ std::vector<NextWord> SocketClient::next_words(std::span<const std::string> path
     return words;
 }
 
-void SocketClient::call(FrameKind kind, std::string_view body, Output &output)
+std::optional<std::string> SocketClient::call(FrameKind kind, std::string_view body, Output &output)
 {
     if (body.size() > kMaxRequest) {
         throw failed("the command takes " + std::to_string(body.size()) +
                      " bytes; expected at most " + std::to_string(kMaxRequest));
     }
-    request_.clear();
     append_frame(request_, kind, body);
+    if (!fd_.valid()) {
+        fd_ = connect_to(path_, name_);
+        reader_ = FrameReader(kMaxAnswer);
+        std::fprintf(stderr, "ldsdk: %s: connected again; chip 0 is selected\n", name_.c_str());
+    }
+    try {
+        return exchange(output);
+    }
+    catch (const ServerGone &gone) {
+        // Nothing is asked twice, and nobody should meet another server unawares: a command says
+        // so, and looking for words leaves that to the command.
+        if (kind != FrameKind::kNext) {
+            fd_ = Fd();
+        }
+        throw failed(name_ + ": " + gone.reason);
+    }
+}
+
+std::optional<std::string> SocketClient::exchange(Output &output)
+{
     send(request_);
     std::string message;
+    std::optional<std::string> written;
     while (true) {
         const Frame frame = receive();
         switch (frame.kind) {
@@ -109,15 +124,21 @@ void SocketClient::call(FrameKind kind, std::string_view body, Output &output)
             case FrameKind::kMessage:
                 message = frame.body;
                 break;
+            case FrameKind::kWritten:
+                written = written.value_or("").append(frame.body);
+                break;
             case FrameKind::kStatus: {
                 const uint32_t status = status_of(frame.body);
                 if (status == 0) {
-                    return;
+                    return written;
                 }
                 throw status == kExitUsage ? usage(message) : failed(message);
             }
             default:
-                throw failed(name_ + ": an answer that is none of `ldsdk serve`");
+                throw ServerGone{kStranger};
+        }
+        if (written && written->size() > kMaxFile) {
+            throw ServerGone{kStranger};
         }
     }
 }
@@ -127,7 +148,7 @@ void SocketClient::send(std::string_view bytes)
     while (!bytes.empty()) {
         const ssize_t done = ::send(fd_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
         if (done < 0 && errno != EINTR) {
-            throw system_error(name_ + ": the server is gone", errno);
+            return;  // the server may have said why before it went
         }
         bytes.remove_prefix(done < 0 ? 0 : static_cast<size_t>(done));
     }
@@ -150,16 +171,16 @@ Frame SocketClient::receive()
                 done = ::recv(fd_.get(), room.data(), room.size(), 0);
             }
             if (done == 0) {
-                throw failed(name_ + ": the server is gone: it closed the connection");
+                throw ServerGone{"the server is gone: it closed the connection"};
             }
             if (done < 0 && errno != EINTR) {
-                throw system_error(name_ + ": the server is gone", errno);
+                throw ServerGone{system_error("the server is gone", errno).what()};
             }
             reader_.received(done < 0 ? 0 : static_cast<size_t>(done));
         }
     }
     catch (const FrameTooLong &) {
-        throw failed(name_ + ": an answer that is none of `ldsdk serve`");
+        throw ServerGone{kStranger};
     }
 }
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "tools/ldsdk/backend.h"
-#include "tools/ldsdk/fd.h"
 #include "tools/ldsdk/protocol.h"
+#include "tools/log/fd.h"
 
 #include <sys/un.h>
 
@@ -17,20 +17,22 @@ class SocketClient : public Backend {
     explicit SocketClient(const std::string &path);
 
     void device(const CommandBuffer &buffer, Output &output) override;
-    void chip(std::span<const std::string> words, Output &output) override;
+    void chip(std::span<const std::string> words, CarriedFile &file, Output &output) override;
     std::vector<NextWord> next_words(std::span<const std::string> path) override;
 
   private:
-    // Sends a request and passes its output on. Throws what the server answers, and what the
-    // connection meets.
-    void call(FrameKind kind, std::string_view body, Output &output);
+    // Sends a request, passes its output on, and gives the bytes of the file that it writes. Throws
+    // what the server answers, and what the connection meets.
+    std::optional<std::string> call(FrameKind kind, std::string_view body, Output &output);
+    std::optional<std::string> exchange(Output &output);
     void send(std::string_view bytes);
     Frame receive();
 
+    std::string path_;
     std::string name_;
-    Fd fd_;
+    Fd fd_;  // invalid once a command found the server gone: the next one connects again
     FrameReader reader_;
-    std::string request_;
+    std::string request_;  // of call()
 };
 
 }  // namespace ldsdk::tool

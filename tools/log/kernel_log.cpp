@@ -1,6 +1,7 @@
 #include "tools/log/kernel_log.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 #include <array>
 #include <cerrno>
@@ -17,6 +18,7 @@ constexpr size_t kRecordSize = 8192;
 // In front of what the module prints (platform/linux/os.c).
 constexpr std::string_view kWholeLine = "ldsdk: ";
 constexpr std::string_view kPiece = "ldsdk+ ";
+constexpr std::string_view kLastPiece = "ldsdk. ";
 
 std::optional<char> escaped_byte(std::string_view text)
 {
@@ -65,8 +67,9 @@ std::optional<LogRecord> read_log_record(std::string_view record)
     if (text.starts_with(kWholeLine)) {
         result.text = unescape(text.substr(kWholeLine.size())) + "\n";
     }
-    else if (text.starts_with(kPiece)) {
+    else if (text.starts_with(kPiece) || text.starts_with(kLastPiece)) {
         result.text = unescape(text.substr(kPiece.size()));
+        result.last = text.starts_with(kLastPiece);
     }
     return result;
 }
@@ -90,7 +93,7 @@ void KernelLog::skip()
     next_.reset();
 }
 
-uint64_t KernelLog::read(const std::function<void(std::string_view)> &write)
+uint64_t KernelLog::read(const std::function<void(std::string_view)> &write, int wait_ms)
 {
     std::array<char, kRecordSize> bytes;
     uint64_t lost = 0;
@@ -107,6 +110,13 @@ uint64_t KernelLog::read(const std::function<void(std::string_view)> &write)
         if (size < 0 && errno != EAGAIN) {
             throw std::system_error(errno, std::generic_category(), "/dev/kmsg");
         }
+        if (size <= 0 && wait_ms != 0) {
+            pollfd more = {fd_.get(), POLLIN, 0};
+            if (::poll(&more, 1, wait_ms) > 0) {
+                continue;
+            }
+            dropped = true;
+        }
         if (size <= 0) {
             return lost + (dropped ? 1 : 0);
         }
@@ -122,6 +132,9 @@ uint64_t KernelLog::read(const std::function<void(std::string_view)> &write)
         next_ = record->sequence + 1;
         if (record->text) {
             write(*record->text);
+        }
+        if (record->last && wait_ms != 0) {
+            return lost + (dropped ? 1 : 0);
         }
     }
 }

@@ -3,7 +3,7 @@
 // ASCII, and the backslash, as \xHH (Documentation/ABI/testing/dev-kmsg of the kernel).
 #pragma once
 
-#include "tools/ldsdk/fd.h"
+#include "tools/log/fd.h"
 
 #include <cstdint>
 #include <functional>
@@ -18,6 +18,7 @@ struct LogRecord {
     // What the module printed: a whole line with its end, or a piece of one. Nothing in a record of
     // somebody else.
     std::optional<std::string> text;
+    bool last;  // of a command
 };
 
 // Takes a record apart; nothing when it is none.
@@ -33,8 +34,10 @@ class KernelLog {
     // Forgets what has come so far.
     void skip();
     // Hands on what the module printed and has not been read. Returns how many records, of whoever,
-    // the kernel dropped before they were read. Throws std::system_error.
-    uint64_t read(const std::function<void(std::string_view)> &write);
+    // the kernel dropped before they were read. With wait_ms, up to the last record of a command,
+    // for which it waits as long, as others' records in front of it may come late: one that does
+    // not come counts as dropped. Throws std::system_error.
+    uint64_t read(const std::function<void(std::string_view)> &write, int wait_ms = 0);
 
   private:
     Fd fd_;

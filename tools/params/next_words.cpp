@@ -98,7 +98,11 @@ class Walk {
     std::vector<NextWord> next()
     {
         if (form_ == NP_FORM_UNKNOWN) {
-            return {};
+            return {{kNoWord, "the command has its place only; it answers \"Invalid command!\"",
+                     false}};
+        }
+        if (form_ == NP_FORM_COUNTED) {
+            return counted();
         }
         size_t at = 0;
         const bool all = form_ == NP_FORM_PAIRS || form_ == NP_FORM_VALUES;
@@ -107,21 +111,21 @@ class Walk {
                 return found_;
             }
         }
-        if (form_ == NP_FORM_SET) {
+        if (form_ == NP_FORM_SET || form_ == NP_FORM_ENTRY) {
             return in_order(at);
         }
-        return form_ == NP_FORM_LARGE ? in_any_order(at) : std::vector<NextWord>{};
+        return form_ == NP_FORM_LARGE ? in_any_order(at) : end();
     }
 
   private:
     bool let_in(const NpSmdParam &param) const
     {
-        if (param.pszOf == nullptr) {
+        if (param.stOf.pszOf == nullptr) {
             return true;
         }
-        const auto chosen = chosen_.find(param.pszOf);
+        const auto chosen = chosen_.find(param.stOf.pszOf);
         const uint32_t value = chosen == chosen_.end() ? 0 : chosen->second;
-        return value < 32 && (param.ulOfMask >> value & 1) != 0;
+        return value < 32 ? (param.stOf.ulMask >> value & 1) != 0 : param.stOf.ulRest != 0;
     }
 
     static NextWord name(const NpSmdParam &param)
@@ -143,6 +147,16 @@ class Walk {
         return false;
     }
 
+    bool refuse(const std::string &word)
+    {
+        return stop({unknown_word(word)});
+    }
+
+    std::vector<NextWord> end()
+    {
+        return {reader_.done() ? line_end() : surplus_word(reader_.take())};
+    }
+
     // The rest of a port behind its type.
     bool port_parts(const std::string &type)
     {
@@ -153,8 +167,8 @@ class Walk {
                 if (reader_.done()) {
                     return stop({{item.szName, number_of(item).name, true}});
                 }
-                if (reader_.take() != item.szName) {
-                    return stop({});
+                if (const std::string &word = reader_.take(); word != item.szName) {
+                    return refuse(word);
                 }
             }
             if (reader_.done()) {
@@ -196,11 +210,25 @@ class Walk {
             if (reader_.done()) {
                 return stop({name(param)});
             }
-            if (!names(param, reader_.take())) {
-                return stop({});
+            if (const std::string &word = reader_.take(); !names(param, word)) {
+                return refuse(word);
             }
         }
         return value(param);
+    }
+
+    // A number, and so many values.
+    std::vector<NextWord> counted()
+    {
+        if (!pair(params_[0], true)) {
+            return found_;
+        }
+        for (uint32_t n = chosen_[params_[0].stItem.szName]; n > 0; n--) {
+            if (!pair(params_[1], false)) {
+                return found_;
+            }
+        }
+        return end();
     }
 
     // Pairs from `at` on, each of which may be left out.
@@ -212,7 +240,7 @@ class Walk {
                 at++;
             }
             if (at == params_.size()) {
-                return {};
+                return {unknown_word(word)};
             }
             if (!value(params_[at])) {
                 return found_;
@@ -225,6 +253,7 @@ class Walk {
                 words.push_back(name(params_[at]));
             }
         }
+        words.push_back(line_end());
         return words;
     }
 
@@ -240,13 +269,16 @@ class Walk {
         while (!reader_.done()) {
             const std::string &word = reader_.take();
             if (word == "end") {
-                return {};
+                return end();
             }
             size_t at = first;
             while (at < params_.size() && !(in_menu(params_[at]) && names(params_[at], word))) {
                 at++;
             }
-            if (at == params_.size() || !value(params_[at]) || !selected(params_[at])) {
+            if (at == params_.size()) {
+                return {unknown_word(word)};
+            }
+            if (!value(params_[at]) || !selected(params_[at])) {
                 return found_;
             }
         }
@@ -279,6 +311,21 @@ class Walk {
 };
 
 }  // namespace
+
+NextWord line_end()
+{
+    return {kLineEnd, "", false};
+}
+
+NextWord unknown_word(const std::string &word)
+{
+    return {kNoWord, "\"" + word + "\" is none of the words that can stand in its place", false};
+}
+
+NextWord surplus_word(const std::string &word)
+{
+    return {kNoWord, "the command is complete in front of \"" + word + "\"", false};
+}
 
 std::vector<NextWord> param_next_words(NpCliHandler handler, std::span<const std::string> words)
 {

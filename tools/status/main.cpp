@@ -25,7 +25,7 @@ std::vector<Item> services()
     items.push_back({#implementation, std::to_string(slot), landed(#state)});
 #define NP_SERVICE_BARE(slot, implementation, state) \
     items.push_back({#implementation, std::to_string(slot), landed(#state)});
-#include "sdk/frame/service_list.h"
+#include "sdk/frame/base/service_list.h"
     return items;
 }
 
@@ -66,16 +66,15 @@ void print_section(const char *title, const char *intro, const std::vector<Item>
 {
     std::printf("\n## %s\n\n%s\n\n%zu of %zu are done.\n\n", title, intro, count_landed(items),
                 items.size());
-    std::printf("| done | not there yet |\n|---|---|\n");
-    std::vector<std::string> columns[2];
-    for (const Item &item : items) {
-        columns[item.landed ? 0 : 1].push_back(
-            "`" + item.name + "`" + (item.detail.empty() ? "" : " (" + item.detail + ")"));
-    }
-    for (size_t row = 0; row < columns[0].size() || row < columns[1].size(); row++) {
-        const std::string done = row < columns[0].size() ? columns[0][row] : "";
-        const std::string open = row < columns[1].size() ? columns[1][row] : "";
-        std::printf("| %s | %s |\n", done.c_str(), open.c_str());
+    // A list for each, so that what lands moves one line.
+    for (const bool done : {true, false}) {
+        std::printf("%s:\n\n", done ? "Done" : "\nNot there yet");
+        for (const Item &item : items) {
+            if (item.landed == done) {
+                std::printf("- `%s`%s\n", item.name.c_str(),
+                            item.detail.empty() ? "" : (" (" + item.detail + ")").c_str());
+            }
+        }
     }
 }
 

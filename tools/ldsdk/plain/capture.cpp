@@ -19,7 +19,17 @@ FeedResult feed_capture(const std::string &, uint32_t, uint32_t)
     throw refused();
 }
 
+FeedResult feed_capture(std::string_view, const std::string &, uint32_t, uint32_t)
+{
+    throw refused();
+}
+
 SaveResult save_capture(const std::string &, uint32_t)
+{
+    throw refused();
+}
+
+std::string capture_bytes(uint32_t, SaveResult &)
 {
     throw refused();
 }

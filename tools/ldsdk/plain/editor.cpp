@@ -10,7 +10,7 @@ namespace ldsdk::tool {
 Editor::Editor() = default;
 Editor::~Editor() = default;
 
-std::optional<std::string> Editor::read()
+std::optional<std::vector<std::string>> Editor::read()
 {
     std::fputs(kPrompt, stream());
     std::fflush(stream());
@@ -18,7 +18,7 @@ std::optional<std::string> Editor::read()
     if (!std::getline(std::cin, line)) {
         return std::nullopt;
     }
-    return line;
+    return std::vector{line};
 }
 
 std::FILE *Editor::stream()

@@ -1,0 +1,131 @@
+// Commands whose handlers are written out, with the rows that describe what they read: help,
+// completion and the reference page know their parameters from here. Include it as
+// sdk/tables/list.h is.
+//
+//   NP_COMMAND_ROW(handler, form, key, data)
+//       pointers to rows, or null
+//   NP_ROW_COMMAND(handler, form, key, data, get, set)
+//       the same, and the handler is made from this line: it reads with get and, if its form is not
+//       NP_FORM_GET, sets. For a part of a row, and for tables that this family has not.
+//   NP_CHOICE_ROW(handler, form, key, rows)
+//       the key's one value chooses the row: null for values that have none
+#include "sdk/cpuchan/message.h"
+#include "sdk/cpuchan/packet.h"
+#include "sdk/module/smd_arl.h"
+#include "sdk/module/smd_rows.h"
+#include "sdk/tables/arl.h"
+#include "sdk/tables/gmt.h"
+#include "sdk/tables/l2.h"
+#include "sdk/tables/pa.h"
+#include "sdk/tables/port.h"
+#include "sdk/tables/port_other.h"
+#include "sdk/tables/secu.h"
+
+#ifndef NP_COMMAND_ROW
+#define NP_COMMAND_ROW(Handler, enForm, pstKey, pstData)
+#endif
+#ifndef NP_ROW_COMMAND
+#define NP_ROW_COMMAND(Handler, enForm, pstKey, pstData, pfnGet, pfnSet)
+#endif
+#ifndef NP_CHOICE_ROW
+#define NP_CHOICE_ROW(Handler, enForm, pstKey, apstData)
+#endif
+
+// clang-format off
+NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_Add, NP_FORM_SET, &g_stArlKeyRow, &g_stArlDataRow)
+NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_Get, NP_FORM_GET, &g_stArlKeyRow, nullptr)
+NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_GetByIndex, NP_FORM_GET, &g_stArlIndexArgs, nullptr)
+NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_Del, NP_FORM_PAIRS, &g_stMacDelTypeArgs, &g_stArlKeyRow)
+NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_DelByIndex, NP_FORM_PAIRS, nullptr, &g_stArlIndexArgs)
+NP_COMMAND_ROW(Np_SMD_ARL_LanMacTbl_Add, NP_FORM_SET, &g_stLanMacKeyRow, &g_stLanMacDataRow)
+NP_COMMAND_ROW(Np_SMD_ARL_LanMacTbl_Get, NP_FORM_GET, &g_stLanMacKeyRow, nullptr)
+NP_COMMAND_ROW(Np_SMD_ARL_LanMacTbl_GetByIndex, NP_FORM_GET, &g_stLanMacIndexArgs, nullptr)
+NP_COMMAND_ROW(Np_SMD_ARL_LanMacTbl_Del, NP_FORM_PAIRS, &g_stMacDelTypeArgs, &g_stLanMacKeyRow)
+NP_COMMAND_ROW(Np_SMD_ARL_LanMacTbl_DelByIndex, NP_FORM_PAIRS, nullptr, &g_stLanMacIndexArgs)
+NP_COMMAND_ROW(Np_SMD_ARL_HashCrash_Record_Read, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_ARL_DynamicArlLrn, NP_FORM_SET, &g_stArlKeyRow, &g_stArlDataRow)
+NP_COMMAND_ROW(Np_SMD_ARL_DynamicArlLrnStateGet, NP_FORM_GET, &g_stLearnStateArgs, nullptr)
+NP_COMMAND_ROW(Np_SMD_ARL_DynamicArlLrnStateClear, NP_FORM_PAIRS, nullptr, &g_stLearnStateArgs)
+NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_NormalAge, NP_FORM_PAIRS, nullptr, &g_stNormalAgeRow)
+NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_NormalAge_Para, NP_FORM_SET, &g_stNormalAgeRow, &g_stNpNormalAgeMsgRow)
+NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_ForceAge, NP_FORM_PAIRS, nullptr, &g_stForceAgeRow)
+NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_ForceAge_Para, NP_FORM_SET, &g_stForceAgeRow, &g_stNpForceAgeMsgRow)
+NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_ForceAgeBurst, NP_FORM_PAIRS, nullptr, &g_stForceAgeRow)
+NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_AgeMode_Set, NP_FORM_PAIRS, &g_stArlAgeModeKeyRow, &g_stAgeModeArgs)
+NP_COMMAND_ROW(Np_SMD_ARL_UVMacInfo_Get, NP_FORM_GET, &g_stUvmacInfoKeyRow, nullptr)
+NP_COMMAND_ROW(Np_SMD_UvtTblStaticFlag_Set, NP_FORM_PAIRS, nullptr, &g_stUvtStaticArgs)
+NP_COMMAND_ROW(Np_SMD_DFX_Mac_DelAll, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_DFX_Mac_DisplayValid, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_DFX_Mac_Num, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_DFX_LanMac_DelAll, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_DFX_LanMac_DisplayValid, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_DFX_LanMac_Num, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_L2_GemportMapTbl_Del, NP_FORM_PAIRS, nullptr, &g_stGemportKeyRow)
+NP_ROW_COMMAND(Np_SMD_L2_IflowExtTblTbl_Set, NP_FORM_LARGE, &g_stFlowKeyRow, &g_stIflowExtArgs, Np_IflowTbl_Get, Np_IflowTbl_Set)
+NP_ROW_COMMAND(Np_SMD_L2_DmacTbl_Set, NP_FORM_SET, &g_stDmacKeyRow, &g_stDmacRow, Np_DmacTbl_Get, Np_DmacTbl_Set)
+NP_ROW_COMMAND(Np_SMD_L2_DmacTbl_Get, NP_FORM_GET, &g_stDmacKeyRow, &g_stDmacRow, Np_DmacTbl_Get, Np_DmacTbl_Set)
+NP_ROW_COMMAND(Np_SMD_L2_SmacPoolTbl_Set, NP_FORM_SET, &g_stSmacPoolKeyRow, &g_stDmacRow, Np_SmacPoolTbl_Get, Np_SmacPoolTbl_Set)
+NP_ROW_COMMAND(Np_SMD_L2_SmacPoolTbl_Get, NP_FORM_GET, &g_stSmacPoolKeyRow, &g_stDmacRow, Np_SmacPoolTbl_Get, Np_SmacPoolTbl_Set)
+NP_ROW_COMMAND(Np_SMD_L2_CmGroupTbl_Set, NP_FORM_SET, &g_stCmKeyArgs, &g_stCmGroupArgs, Np_CmGroupTbl_Get, Np_CmGroupTbl_Set)
+NP_ROW_COMMAND(Np_SMD_L2_CmGroupTbl_Get, NP_FORM_GET, &g_stCmKeyArgs, &g_stCmGroupArgs, Np_CmGroupTbl_Get, Np_CmGroupTbl_Set)
+NP_ROW_COMMAND(Np_SMD_L2_CmClassTbl_Set, NP_FORM_LARGE, &g_stCmKeyArgs, &g_stCmClassArgs, Np_CmClassTbl_Get, Np_CmClassTbl_Set)
+NP_ROW_COMMAND(Np_SMD_L2_CmClassTbl_Get, NP_FORM_GET, &g_stCmKeyArgs, &g_stCmClassArgs, Np_CmClassTbl_Get, Np_CmClassTbl_Set)
+NP_ROW_COMMAND(Np_SMD_L2_CmLmtTbl_Set, NP_FORM_SET, &g_stCmKeyArgs, &g_stCmLmtArgs, Np_CmLmtTbl_Get, Np_CmLmtTbl_Set)
+NP_ROW_COMMAND(Np_SMD_L2_CmLmtTbl_Get, NP_FORM_GET, &g_stCmKeyArgs, &g_stCmLmtArgs, Np_CmLmtTbl_Get, Np_CmLmtTbl_Set)
+NP_COMMAND_ROW(NP_SMD_Pri_Init, NP_FORM_COUNTED, nullptr, &g_stPriInitArgs)
+NP_COMMAND_ROW(NP_SMD_L2_Init, NP_FORM_COUNTED, nullptr, &g_stPriInitArgs)
+NP_COMMAND_ROW(NP_SMD_L2_SoftTbl_Dump, NP_FORM_PAIRS, nullptr, &g_stL2DumpArgs)
+NP_COMMAND_ROW(Np_SMD_L2pa_Init, NP_FORM_COUNTED, nullptr, &g_stPriInitArgs)
+NP_COMMAND_ROW(Np_SMD_L2pa_Destruct, NP_FORM_PAIRS, nullptr, nullptr)
+NP_ROW_COMMAND(Np_SMD_L2pa_SetState, NP_FORM_SET, &g_stL2paKeyRow, &g_stPaStateArgs, Np_L2paTbl_GetState, Np_L2paTbl_SetState)
+NP_ROW_COMMAND(Np_SMD_L2pa_GetState, NP_FORM_GET, &g_stL2paKeyRow, &g_stPaStateArgs, Np_L2paTbl_GetState, Np_L2paTbl_SetState)
+NP_COMMAND_ROW(NP_SMD_L2pa_Dump, NP_FORM_PAIRS, nullptr, &g_stL2paDumpArgs)
+NP_COMMAND_ROW(Np_SMD_L3pa_Init, NP_FORM_COUNTED, nullptr, &g_stPriInitArgs)
+NP_COMMAND_ROW(Np_SMD_L3pa_Destruct, NP_FORM_PAIRS, nullptr, nullptr)
+NP_ROW_COMMAND(Np_SMD_L3pa_SetState, NP_FORM_SET, &g_stL3paKeyRow, &g_stPaStateArgs, Np_L3paTbl_GetState, Np_L3paTbl_SetState)
+NP_ROW_COMMAND(Np_SMD_L3pa_GetState, NP_FORM_GET, &g_stL3paKeyRow, &g_stPaStateArgs, Np_L3paTbl_GetState, Np_L3paTbl_SetState)
+NP_COMMAND_ROW(NP_SMD_L3pa_Dump, NP_FORM_PAIRS, nullptr, &g_stL3paDumpArgs)
+NP_COMMAND_ROW(NP_SMD_PaInit, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_DFX_L2pa_DisplayValid, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_DFX_L3pa_DisplayValid, NP_FORM_PAIRS, nullptr, nullptr)
+NP_CHOICE_ROW(Np_SMD_CPUTR_SendPkt, NP_FORM_LARGE, &g_stNpSendTypeArgs, g_apstNpSendRow)
+NP_COMMAND_ROW(Np_SMD_CPUTR_ReceivePkt, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_DFX_PortID2PhyID, NP_FORM_VALUES, nullptr, &g_stPortArgs)
+NP_COMMAND_ROW(Np_SMD_DFX_IngressPhyID2PortID, NP_FORM_PAIRS, nullptr, &g_stPhyArgs)
+NP_COMMAND_ROW(Np_SMD_DFX_Eml_CacheClear, NP_FORM_VALUES, nullptr, &g_stEmlCacheArgs)
+NP_COMMAND_ROW(Np_SMD_DFX_Cpu_CacheClear, NP_FORM_VALUES, nullptr, &g_stCpuCacheArgs)
+NP_ROW_COMMAND(Np_SMD_GmtTbl_Set, NP_FORM_LARGE, &g_stGmtIndexArgs, &g_stGmtRuleArgs, Np_GmtRule_Get, Np_GmtRule_Set)
+NP_ROW_COMMAND(Np_SMD_GmtTbl_Get, NP_FORM_GET, &g_stGmtIndexArgs, &g_stGmtShownArgs, Np_GmtRule_Get, Np_GmtRule_Set)
+NP_COMMAND_ROW(Np_SMD_GmtTbl_Set_Full, NP_FORM_LARGE, &g_stGmtIndexArgs, &g_stGmtRuleArgs)
+NP_COMMAND_ROW(Np_SMD_GmtTbl_Del, NP_FORM_PAIRS, nullptr, &g_stGmtIndexArgs)
+NP_ROW_COMMAND(Np_SMD_GemportBitMapTbl_Set, NP_FORM_SET, &g_stGemportKeyArgs, &g_stGemportBitMapRow, Np_GemportBitMapTbl_Get, Np_GemportBitMapTbl_Set)
+NP_ROW_COMMAND(Np_SMD_GemportBitMapTbl_Get, NP_FORM_GET, &g_stGemportKeyArgs, &g_stGemportBitMapRow, Np_GemportBitMapTbl_Get, Np_GemportBitMapTbl_Set)
+NP_ROW_COMMAND(Np_SMD_AtmEncapTbl_Set, NP_FORM_SET, &g_stPortKey, &g_stAtmEncapRow, Np_AtmEncapTbl_Get, Np_AtmEncapTbl_Set)
+NP_ROW_COMMAND(Np_SMD_AtmEncapTbl_Get, NP_FORM_GET, &g_stPortKey, &g_stAtmEncapRow, Np_AtmEncapTbl_Get, Np_AtmEncapTbl_Set)
+NP_ROW_COMMAND(Np_SMD_AtmEncapTblPvcItem_Set, NP_FORM_SET, &g_stPvcKeyArgs, &g_stPvcEncRow, Np_PvcItem_Get, Np_PvcItem_Set)
+NP_ROW_COMMAND(Np_SMD_AtmEncapTblPvcItem_Get, NP_FORM_GET, &g_stPvcKeyArgs, &g_stPvcEncRow, Np_PvcItem_Get, Np_PvcItem_Set)
+NP_ROW_COMMAND(Np_SMD_CesopMapTbl_Add, NP_FORM_SET, &g_stCesopKeyRow, &g_stCesopDataRow, Np_CesopMapTbl_Get, Np_CesopMapTbl_Set)
+NP_ROW_COMMAND(Np_SMD_CesopMapTbl_Get, NP_FORM_GET, &g_stCesopKeyRow, &g_stCesopDataRow, Np_CesopMapTbl_Get, Np_CesopMapTbl_Set)
+NP_COMMAND_ROW(Np_SMD_CesopMapTbl_Del, NP_FORM_GET, &g_stCesopKeyRow, nullptr)
+NP_ROW_COMMAND(Np_SMD_IpUdpEncapInfoTbl_Set, NP_FORM_SET, &g_stIpUdpKeyRow, &g_stIpUdpRow, Np_IpUdpEncapInfoTbl_Get, Np_IpUdpEncapInfoTbl_Set)
+NP_ROW_COMMAND(Np_SMD_IpUdpEncapInfoTbl_Get, NP_FORM_GET, &g_stIpUdpKeyRow, &g_stIpUdpRow, Np_IpUdpEncapInfoTbl_Get, Np_IpUdpEncapInfoTbl_Set)
+NP_COMMAND_ROW(Np_PUB_SMD_ChipSwitchGet, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_PUB_SMD_ChipSwitchSet, NP_FORM_VALUES, nullptr, &g_stChipArgs)
+NP_COMMAND_ROW(Np_SMD_ATOM_Load, NP_FORM_PAIRS, nullptr, &g_stMicroLoadArgs)
+NP_COMMAND_ROW(Np_SMD_ATOM_NpVersion, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_DFX_Prompt, NP_FORM_VALUES, nullptr, &g_stPromptArgs)
+NP_COMMAND_ROW(Np_SMD_DFX_Prompt_Get, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_DFX_Prompt_Set, NP_FORM_PAIRS, nullptr, &g_stPromptArgs)
+NP_COMMAND_ROW(Np_SMD_DFX_System_Init, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_DFX_System_Destruct, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_GLB_SDKVersionGet, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_GLB_MICROVersionGet, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_PUB_SMD_PrintSwitchOn, NP_FORM_VALUES, nullptr, &g_stPrintArgs)
+NP_COMMAND_ROW(Np_PUB_SMD_PrintSwitchOff, NP_FORM_VALUES, nullptr, &g_stPrintArgs)
+NP_COMMAND_ROW(Np_PUB_SMD_PrintFuncSwitchOn, NP_FORM_VALUES, nullptr, &g_stFuncPrintArgs)
+NP_COMMAND_ROW(Np_PUB_SMD_PrintFuncSwitchOff, NP_FORM_PAIRS, nullptr, nullptr)
+// clang-format on
+
+#undef NP_COMMAND_ROW
+#undef NP_ROW_COMMAND
+#undef NP_CHOICE_ROW
