@@ -3,33 +3,19 @@
 #ifndef LDSDK_MICRO_H
 #define LDSDK_MICRO_H
 
+#include "ldsdk/images.h"
 #include "ldsdk/types.h"
 
 NP_EXTERN_C_BEGIN
 
 /* Where an image stands: two words of 32 bits everywhere. The address is a pointer where pointers
    have 32 bits; on a 64-bit host the image lies in the first 4 GiB; in any kernel it can also be
-   the word of an image that the board registered with Os_ImagesAttach, and in a
-   64-bit one it has to be. */
+   the word of an image that the board registered (ldsdk/images.h), and in a 64-bit one it has to
+   be. */
 typedef struct NpMicroLoad {
     uint32_t ulLength;  /* bytes, with the 32-byte version trailer */
     uint32_t ulAddress; /* of its first byte; a multiple of 4 loads fastest */
 } NpMicroLoad;
-
-/* Where a board keeps its microcode images, so that a load can name one by a word of 32 bits
-   whatever the size of a pointer. The words are the board's to choose; in a 32-bit kernel they lie
-   below the kernel's own addresses. */
-typedef struct OsImages {
-    /* ulSize bytes from the word on, wholly inside of one image, which stays until the put; else
-       null. */
-    void *(*pfnGet)(uint32_t ulAddress, uint32_t ulSize);
-    /* Ignores a word that names no image of the board. */
-    void (*pfnPut)(uint32_t ulAddress);
-} OsImages;
-
-/* Registers them, for the commands too; null takes them out. As a hook they must outlive their
-   use. For a kernel: on a host ldsdk_image_load of ldsdk/host.h keeps and registers an image. */
-void Os_ImagesAttach(const OsImages *pstImages);
 
 /* Takes an image apart and loads its sections. pstLoad: length in bytes and address of the
    image, big-endian words, which the call reverses in place: an image loads once, from a fresh

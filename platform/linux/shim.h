@@ -2,8 +2,8 @@
 #pragma once
 
 #include "ldsdk/chip.h"
+#include "ldsdk/images.h"
 #include "ldsdk/kernel.h"
-#include "ldsdk/micro.h"
 #include "platform/bus.h"
 
 NP_EXTERN_C_BEGIN
