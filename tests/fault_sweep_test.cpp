@@ -180,10 +180,10 @@ TEST_F(FaultSweep, BringUp)
     for (Fault &fault : faults) {
         fault.refused = codes;
     }
-    uint32_t failures = 0;
+    std::set<std::string> caused;
     const std::vector<std::string> passed_over = each_failure(faults, [&](const std::string &text) {
         const uint32_t status = with_fault(text, work);
-        failures++;
+        caused.insert(text);
         // A stopped bring-up counts as begun until a tear-down, except when it took itself down.
         if (status != NP_OK && g_aucNpInitFlag[0] != 0) {
             EXPECT_EQ(Np_INIT_SdkInit(0), NP_ERR_FAIL);
@@ -197,7 +197,7 @@ TEST_F(FaultSweep, BringUp)
         expect_down();
         return status;
     });
-    EXPECT_GT(failures, 50u);
+    EXPECT_GT(caused.size(), 50u);
     // The refresh of both caches at the end of the hash tables' step, and what clears the place for
     // the rules of illegal source MACs.
     std::vector<uint32_t> refresh(32);
@@ -205,6 +205,8 @@ TEST_F(FaultSweep, BringUp)
     std::vector<std::string> expected = passed(refresh);
     expected.insert(expected.begin(),
                     {"Qd_HA_MatchRuleDel code=0x77 nth=1", "Qd_HA_MatchRuleDel code=0x77 nth=2"});
+    std::erase_if(expected, [&](const std::string &text) { return !caused.contains(text); });
+    EXPECT_THAT(expected, testing::Not(testing::IsEmpty()));
     EXPECT_EQ(passed_over, expected);
 }
 
