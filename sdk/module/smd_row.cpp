@@ -437,7 +437,7 @@ void Np_ParamCondition(const NpRow *pstRow, const NpField *pstField, NpSmdParam 
                                                           .pstPri = &(stTable),                  \
                                                           .pfnGet = Np_GetCall<pfnTableGet>};    \
     constexpr NpRowCommand g_stCommand_##pfnDelHandler = {.pfnHandler = pfnDelHandler,           \
-                                                          .enForm = NP_FORM_GET,                 \
+                                                          .enForm = NP_FORM_PAIRS,               \
                                                           .pstPri = &(stTable),                  \
                                                           .pfnDel = Np_KeyCallOf<pfnTableDel>};
 #define NP_ENTRY_ROW(pstKeyRow, pstDataRow, pfnRowGet, pfnRowSet, pfnGetHandler, pfnSetHandler) \
@@ -652,7 +652,9 @@ void Np_SMD_RowPrint(const NpRow *pstRow, const void *pvRecord)
 {
     for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
         const NpField *pstField = &pstRow->pstField[i];
-        if (!Np_FieldIsAsked(pstField, pvRecord) || pstField->bFar) {
+        // A word that no row holds is somebody else's where its condition does not let it in.
+        const bool bForeign = pstField->bLost && !Np_Row_IsThere(pstField->pstWhen, pvRecord);
+        if (!Np_FieldIsAsked(pstField, pvRecord) || pstField->bFar || bForeign) {
             continue;
         }
         for (uint32_t j = 0; j < Np_ParamNum(pstField); j++) {
@@ -794,7 +796,7 @@ uint32_t Np_SMD_CommandParam(NpCliHandler pfnHandler, uint32_t ulIndex, NpSmdPar
     if (pstData == nullptr) {
         return Np_ChoiceParam(pstCommand, ulIndex - ulKeys, pstParam);
     }
-    if (pstCommand->enForm == NP_FORM_GET) {
+    if (pstCommand->enForm == NP_FORM_GET || pstCommand->pfnDel != nullptr) {
         return 1;
     }
     const uint32_t ulReturn = Np_SMD_RowParam(pstData, ulIndex - ulKeys, pstParam);

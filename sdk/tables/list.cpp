@@ -15,12 +15,5 @@ constexpr NpPriTableInfo g_astNpPriTable[] = {
 #include "sdk/tables/list.h"
 };
 
-constexpr const NpRow *g_apstNpLooseRow[] = {
-#define NP_ENTRY_ROW(pstKey, pstData, pfnGet, pfnSet, pfnGetHandler, pfnSetHandler) pstData,
-#define NP_LOOSE_ROW(stRow) &(stRow),
-#include "sdk/tables/list.h"
-};
-
 constexpr uint32_t g_ulNpTableNum = sizeof(g_astNpTable) / sizeof(g_astNpTable[0]);
 constexpr uint32_t g_ulNpPriTableNum = sizeof(g_astNpPriTable) / sizeof(g_astNpPriTable[0]);
-constexpr uint32_t g_ulNpLooseRowNum = sizeof(g_apstNpLooseRow) / sizeof(g_apstNpLooseRow[0]);

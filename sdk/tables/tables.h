@@ -27,7 +27,3 @@ struct NpPriTableInfo {
 
 extern const NpPriTableInfo g_astNpPriTable[];
 extern const uint32_t g_ulNpPriTableNum;
-
-// Rows that stand in no such table: keys and data of searched ones.
-extern const NpRow *const g_apstNpLooseRow[];
-extern const uint32_t g_ulNpLooseRowNum;
