@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <map>
+#include <random>
 #include <set>
 #include <sstream>
 
@@ -61,6 +62,50 @@ TEST_F(Rows, RecordsComeBackFromTheirImages)
             EXPECT_EQ(back, expected);
         }
     }
+}
+
+// A row with code of its own and the engines, which read the same description, agree on records
+// good and bad and on any image.
+TEST_F(Rows, CodeOfItsOwnDoesWhatTheEnginesDo)
+{
+    Maker maker(7);
+    std::mt19937 random(7);
+    uint32_t rows = 0;
+    uint32_t refused = 0;
+    for (const NpRow *row : image_rows()) {
+        if (row->pstStraight == nullptr) {
+            continue;
+        }
+        SCOPED_TRACE(name_of(*row));
+        rows++;
+        NpRow plain = *row;
+        plain.pstStraight = nullptr;
+        const NpWhere where = Np_Here();
+        for (int round = 0; round < 200; round++) {
+            Bytes record = maker.record(*row);
+            if (round % 2 != 0) {
+                record[random() % record.size()] ^= static_cast<uint8_t>(1u << random() % 8);
+            }
+            const uint32_t status = Np_Row_Check(row, 0, record.data(), where);
+            EXPECT_EQ(status, Np_Row_Check(&plain, 0, record.data(), where));
+            refused += status != NP_OK ? 1 : 0;
+            const auto moved = [&](const NpRow &by, bool parse) {
+                Bytes image(Np_ImageRoom(*row));
+                Bytes back(record.size(), 0xa5);
+                std::mt19937 bits(static_cast<uint32_t>(round));
+                std::generate(image.begin(), image.end(),
+                              [&] { return static_cast<uint8_t>(bits()); });
+                const uint32_t result =
+                    parse ? Np_Row_Parse(&by, 0, image.data(), back.data(), where)
+                          : Np_Row_Fill(&by, 0, record.data(), image.data(), where);
+                return std::tuple(result, image, back);
+            };
+            EXPECT_EQ(moved(*row, false), moved(plain, false));
+            EXPECT_EQ(moved(*row, true), moved(plain, true));
+        }
+    }
+    EXPECT_GT(rows, 10u);
+    EXPECT_GT(refused, 100u);
 }
 
 TEST_F(Rows, CallsWithoutARecordAreRefused)

@@ -6,6 +6,7 @@
 #include "sdk/frame/base/text.h"
 #include "sdk/frame/base/trace.h"
 #include "sdk/record/describe.h"
+#include "sdk/record/straight.h"
 
 // message type, subtype, channel, body, first option
 constexpr NpCputrMsgDesc g_astNpCputrMsg[NP_MSG_NUM] = {
@@ -131,10 +132,16 @@ constexpr NpCheck g_astForceCheck[] = {
 #undef NP_HIDDEN
 }  // namespace age
 
-constexpr NpRow g_stTimedRow = Np_RowMake<NpMsgTimedInfo>(
-    {.ucModule = NP_M_CPUTRMSG, .usImageSize = NP_MSG_HEAD_SIZE + 4}, timed::g_astField, {});
-constexpr NpRow g_stAntiDosRow = Np_RowMake<NpMsgAntiDosInfo>(
-    {.ucModule = NP_M_CPUTRMSG, .usImageSize = NP_MSG_HEAD_SIZE}, anti_dos::g_astField, {});
+constexpr NpRow g_stTimedRow =
+    Np_RowMake<NpMsgTimedInfo>({.ucModule = NP_M_CPUTRMSG,
+                                .usImageSize = NP_MSG_HEAD_SIZE + 4,
+                                .pstStraight = NP_STRAIGHT(timed::g_astField, g_astNpNoCheck)},
+                               timed::g_astField, {});
+constexpr NpRow g_stAntiDosRow =
+    Np_RowMake<NpMsgAntiDosInfo>({.ucModule = NP_M_CPUTRMSG,
+                                  .usImageSize = NP_MSG_HEAD_SIZE,
+                                  .pstStraight = NP_STRAIGHT(anti_dos::g_astField, g_astNpNoCheck)},
+                                 anti_dos::g_astField, {});
 
 // A message while it is built: the driver's record and the image that its body is a part of.
 struct NpMsgFrame {
@@ -275,11 +282,17 @@ uint32_t Np_OamInfoSet(uint32_t ulChipID, NpCputrMsg enMsg, const NpMsgTimedInfo
 }  // namespace
 
 constexpr NpRow g_stNpNormalAgeMsgRow = Np_RowMake<ArlAgeInfo>(
-    {.ucModule = NP_M_ARL, .pszArg = "pstArlAgeInfo", .usImageSize = NP_MSG_HEAD_SIZE + 12},
+    {.ucModule = NP_M_ARL,
+     .pszArg = "pstArlAgeInfo",
+     .usImageSize = NP_MSG_HEAD_SIZE + 12,
+     .pstStraight = NP_STRAIGHT(age::g_astNormalField, age::g_astNormalCheck)},
     age::g_astNormalField, age::g_astNormalCheck);
-constexpr NpRow g_stNpForceAgeMsgRow = Np_RowMake<ArlAgeInfo>(
-    {.ucModule = NP_M_ARL, .pszArg = "pstArlAgeInfo", .usImageSize = NP_MSG_HEAD_SIZE + 8},
-    age::g_astForceField, age::g_astForceCheck);
+constexpr NpRow g_stNpForceAgeMsgRow =
+    Np_RowMake<ArlAgeInfo>({.ucModule = NP_M_ARL,
+                            .pszArg = "pstArlAgeInfo",
+                            .usImageSize = NP_MSG_HEAD_SIZE + 8,
+                            .pstStraight = NP_STRAIGHT(age::g_astForceField, age::g_astForceCheck)},
+                           age::g_astForceField, age::g_astForceCheck);
 
 uint32_t Np_Tarn_CputrMsg_NormalAgeInfoBuild(uint32_t, const NpNormalAge *pstNormalAge,
                                              ArlAgeInfo *pstArlAgeInfo)

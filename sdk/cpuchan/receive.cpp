@@ -5,7 +5,7 @@
 #include "sdk/frame/base/service.h"
 #include "sdk/frame/base/text.h"
 #include "sdk/frame/base/trace.h"
-#include "sdk/record/describe.h"
+#include "sdk/record/straight.h"
 
 namespace {
 
@@ -61,11 +61,13 @@ constexpr NpField g_astLength[] = {NP_F(ulPktLen, .bLost = true)};
 template <const auto &...astMore>
 constexpr auto g_astField = Np_JoinFields(g_astType, astMore..., g_astLength);
 
-constexpr NpRow Np_Row(std::span<const NpField> stFields)
+template <const auto &astAll>
+constexpr NpRow Np_Row()
 {
-    return Np_RowMake<R>(
-        {.ucModule = NP_M_CPUTR, .usImageSize = NP_CPUTR_IMAGE_NUM * sizeof(uint32_t)}, stFields,
-        {});
+    return Np_RowMake<R>({.ucModule = NP_M_CPUTR,
+                          .usImageSize = NP_CPUTR_IMAGE_NUM * sizeof(uint32_t),
+                          .pstStraight = NP_STRAIGHT(astAll, g_astNpNoCheck)},
+                         astAll, {});
 }
 }  // namespace receive
 
@@ -103,11 +105,11 @@ uint32_t Np_ReceiveLengthError(const QdCputrRecvPkt *pstPkt, const ReceiveInfo *
 }  // namespace
 
 constexpr NpRow g_astNpReceiveRow[NP_RECEIVE_NUM + 1] = {
-    receive::Np_Row(receive::g_astField<receive::g_astHead, receive::g_astNormal>),
-    receive::Np_Row(receive::g_astField<receive::g_astHead, receive::g_astFm>),
-    receive::Np_Row(receive::g_astField<receive::g_astHead, receive::g_astLm>),
-    receive::Np_Row(receive::g_astField<receive::g_astHead, receive::g_astDm>),
-    receive::Np_Row(receive::g_astField<>),
+    receive::Np_Row<receive::g_astField<receive::g_astHead, receive::g_astNormal>>(),
+    receive::Np_Row<receive::g_astField<receive::g_astHead, receive::g_astFm>>(),
+    receive::Np_Row<receive::g_astField<receive::g_astHead, receive::g_astLm>>(),
+    receive::Np_Row<receive::g_astField<receive::g_astHead, receive::g_astDm>>(),
+    receive::Np_Row<receive::g_astField<>>(),
 };
 
 uint32_t Np_Tarn_CPUTR_InfoForRx_Build(uint32_t ulChipID, const uint32_t *pPacket,

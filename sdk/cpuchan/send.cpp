@@ -3,6 +3,7 @@
 #include "sdk/cpuchan/packet.h"
 #include "sdk/frame/base/service.h"
 #include "sdk/frame/base/trace.h"
+#include "sdk/record/straight.h"
 
 namespace {
 
@@ -77,12 +78,15 @@ constexpr NpCheck g_astL2EncapCheck[] = {
     NP_TMP_C(stInsertToL2Encap, ulL2EncapID, Np_MostCap(NP_CAP_L2_ENCAP_ID_MAX)),
 };
 
-constexpr NpRow Np_Row(const char *pszArg, std::span<const NpField> stFields,
-                       std::span<const NpCheck> stChecks)
+template <const auto &astAll, const auto &astCheck>
+constexpr NpRow Np_Row(const char *pszArg)
 {
-    return Np_RowMake<R>(
-        {.ucModule = NP_M_CPUTR, .pszArg = pszArg, .usImageSize = NP_HEAD_SIZE, .bBare = true},
-        stFields, stChecks);
+    return Np_RowMake<R>({.ucModule = NP_M_CPUTR,
+                          .pszArg = pszArg,
+                          .usImageSize = NP_HEAD_SIZE,
+                          .pstStraight = NP_STRAIGHT(astAll, astCheck),
+                          .bBare = true},
+                         astAll, astCheck);
 }
 }  // namespace send
 
@@ -95,18 +99,21 @@ constexpr NpRow g_stNpSendTypeArgs =
     Np_RowMake<InfoForSend>({.ucModule = NP_M_CPUTR, .pszArg = NP_SEND_ARG, .bBare = true},
                             send::g_astTypeField, send::g_astTypeCheck);
 
-constexpr NpRow g_stNpSendQueueRow = send::Np_Row(
-    NP_SEND_ARG, send::g_astField<insert::queue::g_astField<0, 4>>, send::g_astQueueCheck);
+constexpr NpRow g_stNpSendQueueRow =
+    send::Np_Row<send::g_astField<insert::queue::g_astField<0, 4>>, send::g_astQueueCheck>(
+        NP_SEND_ARG);
 constexpr NpRow g_stNpSendFwdRow =
-    send::Np_Row(NP_SEND_ARG, send::g_astField<insert::fwd::g_astField<0, 4>>, send::g_astFwdCheck);
-constexpr NpRow g_stNpSendIftRow = send::Np_Row(
-    NP_SEND_TMP_ARG, send::g_astField<insert::ift::g_astField<0, 4>>, send::g_astIftCheck);
+    send::Np_Row<send::g_astField<insert::fwd::g_astField<0, 4>>, send::g_astFwdCheck>(NP_SEND_ARG);
+constexpr NpRow g_stNpSendIftRow =
+    send::Np_Row<send::g_astField<insert::ift::g_astField<0, 4>>, send::g_astIftCheck>(
+        NP_SEND_TMP_ARG);
 constexpr NpRow g_stNpSendOftRow =
-    send::Np_Row(NP_SEND_ARG, send::g_astField<insert::oft::g_astField<0>>, send::g_astOftCheck);
+    send::Np_Row<send::g_astField<insert::oft::g_astField<0>>, send::g_astOftCheck>(NP_SEND_ARG);
 constexpr NpRow g_stNpSendCmRow =
-    send::Np_Row(NP_SEND_TMP_ARG, send::g_astField<insert::cm::g_astField<0>>, send::g_astCmCheck);
-constexpr NpRow g_stNpSendL2EncapRow = send::Np_Row(
-    NP_SEND_TMP_ARG, send::g_astField<insert::l2_encap::g_astField<0>>, send::g_astL2EncapCheck);
+    send::Np_Row<send::g_astField<insert::cm::g_astField<0>>, send::g_astCmCheck>(NP_SEND_TMP_ARG);
+constexpr NpRow g_stNpSendL2EncapRow =
+    send::Np_Row<send::g_astField<insert::l2_encap::g_astField<0>>, send::g_astL2EncapCheck>(
+        NP_SEND_TMP_ARG);
 
 namespace {
 

@@ -89,6 +89,7 @@ struct NpRowSpec {
     const char *pszArg = nullptr;
     uint16_t usImageSize = 0;
     const NpThere *pstThere = nullptr;
+    const NpStraight *pstStraight = nullptr;
     bool bBare = false;
     bool bParseClears = false;
 };
@@ -509,7 +510,7 @@ enum NpRowFault : uint32_t {
     NP_ROW_CONSTANT,       // a constant wider than its bits, or in two words
     NP_ROW_SAME_KEY,       // two parameters of one name
     NP_ROW_TOO_BIG,        // more than the engines have room for
-    NP_ROW_OTHERS_THERE,   // pstThere speaks of other fields
+    NP_ROW_OTHERS_THERE,   // pstThere or pstStraight speaks of other fields
     NP_ROW_TWO_SELECTORS,  // conditions that pstThere cannot say
 };
 
@@ -920,13 +921,16 @@ constexpr NpRow Np_RowMake(NpRowSpec stSpec, std::span<const NpField> stFields,
 {
     static_assert(std::is_standard_layout_v<Record> && std::is_trivially_copyable_v<Record>);
     Np_RowRefuse(Np_RowValidate(sizeof(Record), stSpec.usImageSize, stFields, stChecks));
-    if (stSpec.pstThere != nullptr && stSpec.pstThere->pstField != stFields.data()) {
+    if ((stSpec.pstThere != nullptr && stSpec.pstThere->pstField != stFields.data()) ||
+        (stSpec.pstStraight != nullptr && (stSpec.pstStraight->pstField != stFields.data() ||
+                                           stSpec.pstStraight->pstCheck != stChecks.data()))) {
         Np_RowRefuse({NP_ROW_OTHERS_THERE, 1});
     }
     return {stSpec.pszArg,
             stFields.data(),
             stChecks.data(),
             stSpec.pstThere,
+            stSpec.pstStraight,
             static_cast<uint16_t>(stFields.size()),
             static_cast<uint16_t>(Np_RowStoredNum(stFields)),
             static_cast<uint16_t>(stChecks.size()),

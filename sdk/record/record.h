@@ -179,11 +179,26 @@ struct NpThere {
     uint32_t aulMask[33];     // bit f: field f is there, for this value; the last for 32 and above
 };
 
+// What straight.h makes from a row.
+struct NpStraight {
+    // Tells whether every check passes; null where a row has others than of numbers.
+    bool (*pfnPasses)(const void *pvRecord);
+    // Into an image, whose other bits stay. 0, or a coding's code.
+    uint32_t (*pfnFill)(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord, void *pvImage,
+                        NpWhere stWhere);
+    // Null where a selector has to be looked up in the image first.
+    uint32_t (*pfnParse)(const NpRow *pstRow, uint32_t ulChipID, const void *pvImage,
+                         void *pvRecord, NpWhere stWhere);
+    const NpField *pstField;  // made from these
+    const NpCheck *pstCheck;
+};
+
 struct NpRow {
     const char *pszArg;  // the record in messages, "pstVlan"; null: fields stand alone
     const NpField *pstField;
     const NpCheck *pstCheck;
-    const NpThere *pstThere;  // null: each field is asked
+    const NpThere *pstThere;        // null: each field is asked
+    const NpStraight *pstStraight;  // code of its own (straight.h), or null
     uint16_t usFieldNum;
     uint16_t usStoredNum;  // up to the last that has a place in the image
     uint16_t usCheckNum;
@@ -213,17 +228,17 @@ inline constexpr uint32_t NP_ROW_GROUP_MAX = 4;  // checks that go together
 // The fields of the record that are there, at trace level.
 inline void Np_Row_Trace(const NpRow *pstRow, const void *pvRecord, NpWhere stWhere = Np_Here());
 // 0, or the first failing check's code: NP_ERR_PARAM, a port's or a custom check's own.
-uint32_t Np_Row_Check(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
-                      NpWhere stWhere = Np_Here());
+inline uint32_t Np_Row_Check(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
+                             NpWhere stWhere = Np_Here());
 // Puts the fields into an image and leaves its other bits alone. 0, or a coding's code.
-uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord, void *pvImage,
-                     NpWhere stWhere = Np_Here());
+inline uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
+                            void *pvImage, NpWhere stWhere = Np_Here());
 // The same on a cleared image.
 uint32_t Np_Row_Build(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord, void *pvImage,
                       NpWhere stWhere = Np_Here());
 // Takes the fields out of an image. 0, or a coding's code.
-uint32_t Np_Row_Parse(const NpRow *pstRow, uint32_t ulChipID, const void *pvImage, void *pvRecord,
-                      NpWhere stWhere = Np_Here());
+inline uint32_t Np_Row_Parse(const NpRow *pstRow, uint32_t ulChipID, const void *pvImage,
+                             void *pvRecord, NpWhere stWhere = Np_Here());
 
 // Tells whether a value fulfils a condition, apart from those that it adds.
 constexpr bool Np_WhenTakes(const NpWhen &stWhen, uint32_t ulValue)
@@ -279,4 +294,42 @@ inline void Np_Row_Trace(const NpRow *pstRow, const void *pvRecord, NpWhere stWh
     if (g_stNpSdkModuleSwitch[pstRow->ucModule][NP_PRINT_TRACE] != 0) [[unlikely]] {
         Np_Row_TraceFields(pstRow, pvRecord, stWhere);
     }
+}
+
+// What the three do field by field, for rows without code of their own.
+uint32_t Np_Row_CheckEach(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
+                          NpWhere stWhere);
+uint32_t Np_Row_FillEach(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
+                         void *pvImage, NpWhere stWhere);
+uint32_t Np_Row_ParseEach(const NpRow *pstRow, uint32_t ulChipID, const void *pvImage,
+                          void *pvRecord, NpWhere stWhere);
+// Clears a record but for what is handed in.
+void Np_Row_Clear(const NpRow *pstRow, uint8_t *pucRecord);
+
+inline uint32_t Np_Row_Check(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
+                             NpWhere stWhere)
+{
+    // Code of its own knows the limits but no message: what it refuses is looked at once more.
+    const NpStraight *pstStraight = pstRow->pstStraight;
+    if (pstStraight != nullptr && pstStraight->pfnPasses != nullptr &&
+        pstStraight->pfnPasses(pvRecord)) {
+        return NP_OK;
+    }
+    return Np_Row_CheckEach(pstRow, ulChipID, pvRecord, stWhere);
+}
+
+inline uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
+                            void *pvImage, NpWhere stWhere)
+{
+    return pstRow->pstStraight != nullptr
+               ? pstRow->pstStraight->pfnFill(pstRow, ulChipID, pvRecord, pvImage, stWhere)
+               : Np_Row_FillEach(pstRow, ulChipID, pvRecord, pvImage, stWhere);
+}
+
+inline uint32_t Np_Row_Parse(const NpRow *pstRow, uint32_t ulChipID, const void *pvImage,
+                             void *pvRecord, NpWhere stWhere)
+{
+    return pstRow->pstStraight != nullptr && pstRow->pstStraight->pfnParse != nullptr
+               ? pstRow->pstStraight->pfnParse(pstRow, ulChipID, pvImage, pvRecord, stWhere)
+               : Np_Row_ParseEach(pstRow, ulChipID, pvImage, pvRecord, stWhere);
 }

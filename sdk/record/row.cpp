@@ -7,6 +7,7 @@
 #include "sdk/frame/base/trace.h"
 #include "sdk/record/describe.h"
 #include "sdk/record/record.h"
+#include "sdk/record/straight.h"
 
 namespace {
 
@@ -455,24 +456,6 @@ bool Np_ParseHolds(const NpRow *pstRow, const NpWhen *pstWhen, const uint8_t *pu
     return true;
 }
 
-// Clears a record but for what is handed in.
-[[gnu::noinline]] void Np_RecordClear(const NpRow *pstRow, uint8_t *pucRecord)
-{
-    uint32_t aulKept[NP_ROW_HANDED_MAX];
-    uint32_t ulKept = 0;
-    for (uint32_t i = 0; pstRow->bHanded && i < pstRow->usFieldNum; i++) {
-        if (pstRow->pstField[i].bHanded) {
-            aulKept[ulKept++] = Np_Row_Load(&pstRow->pstField[i], 0, pucRecord);
-        }
-    }
-    memset(pucRecord, 0, pstRow->usRecordSize);
-    for (uint32_t i = 0, ulAt = 0; ulAt < ulKept; i++) {
-        if (pstRow->pstField[i].bHanded) {
-            Np_Row_Store(&pstRow->pstField[i], 0, aulKept[ulAt++], pucRecord);
-        }
-    }
-}
-
 inline uint32_t Np_ThereMask(const NpThere *pstThere, const uint8_t *pucRecord)
 {
     const uint32_t ulValue = Np_Word(pucRecord + pstThere->usSelector);
@@ -507,6 +490,33 @@ inline uint32_t Np_ThereMask(const NpThere *pstThere, const uint8_t *pucRecord)
             return NP_OK;
         default:
             return Np_FillField(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
+    }
+}
+
+[[gnu::always_inline]] inline uint32_t Np_ParseOne(const NpRow *pstRow, const NpField *pstField,
+                                                   uint32_t ulChipID, const uint8_t *pucImage,
+                                                   uint8_t *pucRecord, NpWhere stWhere)
+{
+    switch (pstField->ucMove) {
+        case NP_MOVE_NONE:
+        case NP_MOVE_CONST:
+            return NP_OK;
+        case NP_MOVE_WORD:
+            Np_TakeWord(pstField, pucImage, pucRecord);
+            return NP_OK;
+        case NP_MOVE_WIDE_WORD: {
+            const uint32_t ulValue = Np_Extract(pucImage, pstField->usBit, pstField->ucWidth);
+            __builtin_memcpy(pucRecord + pstField->usOffset, &ulValue, 4);
+            return NP_OK;
+        }
+        case NP_MOVE_RUN:
+            Np_ParseRun(pstField, pucImage, pucRecord);
+            return NP_OK;
+        case NP_MOVE_ARRAY:
+            Np_ParseArray(pstField, pucImage, pucRecord);
+            return NP_OK;
+        default:
+            return Np_ParseField(pstRow, pstField, ulChipID, pucImage, pucRecord, stWhere);
     }
 }
 
@@ -678,7 +688,8 @@ const NpCheck *Np_Row_FieldCheck(const NpRow *pstRow, const NpField *pstField, c
     }
 }
 
-uint32_t Np_Row_Check(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord, NpWhere stWhere)
+uint32_t Np_Row_CheckEach(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
+                          NpWhere stWhere)
 {
     const uint8_t *pucRecord = static_cast<const uint8_t *>(pvRecord);
     const uint32_t *pulCap = g_aulNpGlbCap[g_ulNpCurrentUsedChipID];
@@ -704,8 +715,8 @@ uint32_t Np_Row_Check(const NpRow *pstRow, uint32_t ulChipID, const void *pvReco
     return NP_OK;
 }
 
-uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord, void *pvImage,
-                     NpWhere stWhere)
+uint32_t Np_Row_FillEach(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord,
+                         void *pvImage, NpWhere stWhere)
 {
     const uint8_t *pucRecord = static_cast<const uint8_t *>(pvRecord);
     uint8_t *pucImage = static_cast<uint8_t *>(pvImage);
@@ -741,6 +752,18 @@ uint32_t Np_Row_Fill(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecor
     return NP_OK;
 }
 
+uint32_t Np_Row_FillField(const NpRow *pstRow, const NpField *pstField, uint32_t ulChipID,
+                          const uint8_t *pucRecord, uint8_t *pucImage, NpWhere stWhere)
+{
+    return Np_FillOne(pstRow, pstField, ulChipID, pucRecord, pucImage, stWhere);
+}
+
+uint32_t Np_Row_ParseField(const NpRow *pstRow, const NpField *pstField, uint32_t ulChipID,
+                           const uint8_t *pucImage, uint8_t *pucRecord, NpWhere stWhere)
+{
+    return Np_ParseOne(pstRow, pstField, ulChipID, pucImage, pucRecord, stWhere);
+}
+
 uint32_t Np_Row_Build(const NpRow *pstRow, uint32_t ulChipID, const void *pvRecord, void *pvImage,
                       NpWhere stWhere)
 {
@@ -752,13 +775,30 @@ uint32_t Np_Row_Build(const NpRow *pstRow, uint32_t ulChipID, const void *pvReco
     return Np_Row_Fill(pstRow, ulChipID, pvRecord, pvImage, stWhere);
 }
 
-uint32_t Np_Row_Parse(const NpRow *pstRow, uint32_t ulChipID, const void *pvImage, void *pvRecord,
-                      NpWhere stWhere)
+void Np_Row_Clear(const NpRow *pstRow, uint8_t *pucRecord)
+{
+    uint32_t aulKept[NP_ROW_HANDED_MAX];
+    uint32_t ulKept = 0;
+    for (uint32_t i = 0; pstRow->bHanded && i < pstRow->usFieldNum; i++) {
+        if (pstRow->pstField[i].bHanded) {
+            aulKept[ulKept++] = Np_Row_Load(&pstRow->pstField[i], 0, pucRecord);
+        }
+    }
+    memset(pucRecord, 0, pstRow->usRecordSize);
+    for (uint32_t i = 0, ulAt = 0; ulAt < ulKept; i++) {
+        if (pstRow->pstField[i].bHanded) {
+            Np_Row_Store(&pstRow->pstField[i], 0, aulKept[ulAt++], pucRecord);
+        }
+    }
+}
+
+uint32_t Np_Row_ParseEach(const NpRow *pstRow, uint32_t ulChipID, const void *pvImage,
+                          void *pvRecord, NpWhere stWhere)
 {
     const uint8_t *pucImage = static_cast<const uint8_t *>(pvImage);
     uint8_t *pucRecord = static_cast<uint8_t *>(pvRecord);
     if (pstRow->bParseClears) {
-        Np_RecordClear(pstRow, pucRecord);
+        Np_Row_Clear(pstRow, pucRecord);
     }
     const NpField *pstEnd = pstRow->pstField + pstRow->usStoredNum;
     const bool bOrdered = pstRow->bOrdered;
@@ -772,31 +812,10 @@ uint32_t Np_Row_Parse(const NpRow *pstRow, uint32_t ulChipID, const void *pvImag
                       : !Np_ParseHolds(pstRow, pstField->pstWhen, pucImage, pucRecord))) {
             continue;
         }
-        switch (pstField->ucMove) {
-            case NP_MOVE_NONE:
-            case NP_MOVE_CONST:
-                break;
-            case NP_MOVE_WORD:
-                Np_TakeWord(pstField, pucImage, pucRecord);
-                break;
-            case NP_MOVE_WIDE_WORD: {
-                const uint32_t ulValue = Np_Extract(pucImage, pstField->usBit, pstField->ucWidth);
-                __builtin_memcpy(pucRecord + pstField->usOffset, &ulValue, 4);
-                break;
-            }
-            case NP_MOVE_RUN:
-                Np_ParseRun(pstField, pucImage, pucRecord);
-                break;
-            case NP_MOVE_ARRAY:
-                Np_ParseArray(pstField, pucImage, pucRecord);
-                break;
-            default: {
-                const uint32_t ulReturn =
-                    Np_ParseField(pstRow, pstField, ulChipID, pucImage, pucRecord, stWhere);
-                if (ulReturn != NP_OK) {
-                    return ulReturn;
-                }
-            }
+        const uint32_t ulReturn =
+            Np_ParseOne(pstRow, pstField, ulChipID, pucImage, pucRecord, stWhere);
+        if (ulReturn != NP_OK) {
+            return ulReturn;
         }
     }
     return NP_OK;

@@ -146,6 +146,7 @@ uint32_t Np_Table_ParsePart(const NpTable *pstTable, uint32_t ulPart, uint32_t u
     stOne.usFieldNum = 1;
     stOne.usStoredNum = 1;
     stOne.pstThere = nullptr;
+    stOne.pstStraight = nullptr;
     for (uint32_t i = 0; i < pstTable->pstRow->usFieldNum; i++) {
         stOne.pstField = &pstTable->pstRow->pstField[i];
         const uint32_t ulByte = stOne.pstField->usBit / 8u;

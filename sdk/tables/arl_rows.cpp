@@ -3,7 +3,7 @@
 #include "ldsdk/status.h"
 #include "sdk/frame/base/service.h"
 #include "sdk/frame/base/trace.h"
-#include "sdk/record/describe.h"
+#include "sdk/record/straight.h"
 #include "sdk/tables/arl.h"
 
 namespace {
@@ -307,15 +307,25 @@ constexpr NpRow g_stArlKeyRow = Np_RowMake<NpArlKey>({.ucModule = NP_M_ARL,
                                                       .pstThere = &g_stArlKeyThere,
                                                       .bParseClears = true},
                                                      arl_key::g_astField, arl_key::g_astCheck);
-constexpr NpRow g_stArlDataRow = Np_RowMake<NpArlData>(
-    {.ucModule = NP_M_ARL, .pszArg = "pstArlData", .usImageSize = 16, .bParseClears = true},
-    arl_data::g_astField, arl_data::g_astCheck);
+constexpr NpRow g_stArlDataRow =
+    Np_RowMake<NpArlData>({.ucModule = NP_M_ARL,
+                           .pszArg = "pstArlData",
+                           .usImageSize = 16,
+                           .pstStraight = NP_STRAIGHT(arl_data::g_astField, arl_data::g_astCheck),
+                           .bParseClears = true},
+                          arl_data::g_astField, arl_data::g_astCheck);
 constexpr NpRow g_stLanMacKeyRow =
-    Np_RowMake<NpLanMacKey>({.ucModule = NP_M_ARL, .pszArg = "pstLanMacKey", .usImageSize = 16},
+    Np_RowMake<NpLanMacKey>({.ucModule = NP_M_ARL,
+                             .pszArg = "pstLanMacKey",
+                             .usImageSize = 16,
+                             .pstStraight = NP_STRAIGHT(lan_key::g_astField, lan_key::g_astCheck)},
                             lan_key::g_astField, lan_key::g_astCheck);
-constexpr NpRow g_stLanMacDataRow =
-    Np_RowMake<NpLanMacData>({.ucModule = NP_M_ARL, .pszArg = "pstLanMacData", .usImageSize = 16},
-                             lan_data::g_astField, lan_data::g_astCheck);
+constexpr NpRow g_stLanMacDataRow = Np_RowMake<NpLanMacData>(
+    {.ucModule = NP_M_ARL,
+     .pszArg = "pstLanMacData",
+     .usImageSize = 16,
+     .pstStraight = NP_STRAIGHT(lan_data::g_astField, lan_data::g_astCheck)},
+    lan_data::g_astField, lan_data::g_astCheck);
 constexpr NpRow g_stArlAgeModeKeyRow =
     Np_RowMake<NpArlAgeModeKey>({.ucModule = NP_M_ARL, .pszArg = "pstArlAgeModeKey"},
                                 age_mode_key::g_astField, age_mode_key::g_astCheck);

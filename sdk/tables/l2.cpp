@@ -7,7 +7,7 @@
 #include "sdk/frame/base/service.h"
 #include "sdk/frame/base/text.h"
 #include "sdk/frame/base/trace.h"
-#include "sdk/record/describe.h"
+#include "sdk/record/straight.h"
 #include "sdk/tables/multiservice.h"
 
 constinit uint32_t *g_pulFlowLimitMacNum[NP_CHIP_NUM] = {};
@@ -151,6 +151,7 @@ constexpr NpCheck g_astCheck[] = {
 constexpr NpRow g_stRow = Np_RowMake<R>({.ucModule = NP_M_L2,
                                          .pszArg = "pstIflowAttr",
                                          .usImageSize = NP_EXT + 8,
+                                         .pstStraight = NP_STRAIGHT(g_astField, g_astCheck),
                                          .bParseClears = true},
                                         g_astField, g_astCheck);
 }  // namespace iflow_row
@@ -248,9 +249,12 @@ constexpr NpCheck g_astCheck[] = {
     NP_C(ulCmEnable, Np_Flag(NP_SAY_ENABLE)),
     NP_C(ulUserID, Np_MostCap(NP_CAP_USER_ID_MAX)),
 };
-constexpr NpRow g_stRow = Np_RowMake<R>(
-    {.ucModule = NP_M_L2, .pszArg = "pstOflowAttr", .usImageSize = 20, .bParseClears = true},
-    g_astField, g_astCheck);
+constexpr NpRow g_stRow = Np_RowMake<R>({.ucModule = NP_M_L2,
+                                         .pszArg = "pstOflowAttr",
+                                         .usImageSize = 20,
+                                         .pstStraight = NP_STRAIGHT(g_astField, g_astCheck),
+                                         .bParseClears = true},
+                                        g_astField, g_astCheck);
 }  // namespace oflow_row
 
 namespace encap_row {
@@ -568,6 +572,7 @@ consteval NpRow Np_RowWith(NpRow stRow, std::span<const NpField> stFields)
     stRow.pstField = stFields.data();
     stRow.usFieldNum = static_cast<uint16_t>(stFields.size());
     stRow.usImageSize = 0;
+    stRow.pstStraight = nullptr;
     return stRow;
 }
 

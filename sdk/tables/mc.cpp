@@ -4,7 +4,7 @@
 #include "sdk/frame/base/chip.h"
 #include "sdk/frame/base/service.h"
 #include "sdk/frame/base/trace.h"
-#include "sdk/record/describe.h"
+#include "sdk/record/straight.h"
 
 namespace {
 
@@ -52,7 +52,10 @@ constexpr NpCheck g_astCheck[] = {
     NP_C(ulValid, Np_Flag(NP_SAY_ENABLE)),
     NP_C(ulNextMetID, Np_MostCap(NP_CAP_MC_ID_MAX)),
 };
-constexpr NpRow g_stRow = Np_RowMake<R>({.ucModule = NP_M_MC, .pszArg = "pstMet", .usImageSize = 4},
+constexpr NpRow g_stRow = Np_RowMake<R>({.ucModule = NP_M_MC,
+                                         .pszArg = "pstMet",
+                                         .usImageSize = 4,
+                                         .pstStraight = NP_STRAIGHT(g_astField, g_astCheck)},
                                         g_astField, g_astCheck);
 }  // namespace met_row
 

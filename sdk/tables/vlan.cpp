@@ -2,7 +2,7 @@
 
 #include "sdk/frame/base/service.h"
 #include "sdk/frame/base/trace.h"
-#include "sdk/record/describe.h"
+#include "sdk/record/straight.h"
 
 namespace {
 
@@ -90,8 +90,11 @@ constexpr NpCheck g_astCheck[] = {
     NP_C(ulDownUnUcNoDropEnable, Np_Flag(NP_SAY_ENABLE)),
     NP_C(ulQinQ, Np_Flag(NP_SAY_ENABLE)),
 };
-constexpr NpRow g_stRow = Np_RowMake<R>(
-    {.ucModule = NP_M_VLAN, .pszArg = "pstVlan", .usImageSize = 12}, g_astField, g_astCheck);
+constexpr NpRow g_stRow = Np_RowMake<R>({.ucModule = NP_M_VLAN,
+                                         .pszArg = "pstVlan",
+                                         .usImageSize = 12,
+                                         .pstStraight = NP_STRAIGHT(g_astField, g_astCheck)},
+                                        g_astField, g_astCheck);
 }  // namespace vlan_row
 
 namespace option_row {
@@ -106,8 +109,11 @@ constexpr NpCheck g_astCheck[] = {
     NP_C(aulDownAction, Np_Most(3), .pszText = "aulDownAction[ulIndex]", .bWithNext = true),
     NP_C(aulUpAction, Np_Most(3), .pszText = "aulUpAction[ulIndex]"),
 };
-constexpr NpRow g_stRow = Np_RowMake<R>(
-    {.ucModule = NP_M_VLAN, .pszArg = "pstVlanOption", .usImageSize = 16}, g_astField, g_astCheck);
+constexpr NpRow g_stRow = Np_RowMake<R>({.ucModule = NP_M_VLAN,
+                                         .pszArg = "pstVlanOption",
+                                         .usImageSize = 16,
+                                         .pstStraight = NP_STRAIGHT(g_astField, g_astCheck)},
+                                        g_astField, g_astCheck);
 }  // namespace option_row
 
 namespace ptt_row {
