@@ -96,7 +96,7 @@ Spot spot_of(const std::string &word)
     Spot spot;
     const size_t hash = word.find('#');
     spot.text = word.substr(0, hash);
-    spot.name = std::regex_replace(spot.text, std::regex("\\[[^\\]]*\\]"), "");
+    spot.name = std::regex_replace(spot.text, std::regex("\\[[^\\]0-9]*\\]"), "");
     if (hash != std::string::npos) {
         std::tie(spot.first, spot.last) = span_of(word.substr(hash + 1));
     }

@@ -9,23 +9,75 @@
 
 NP_EXTERN_C_BEGIN
 
-typedef struct NpIflowCnt NpIflowCnt;
-typedef struct NpOflowCnt NpOflowCnt;
-typedef struct NpMcCnt NpMcCnt;
-typedef struct NpAclCnt NpAclCnt;
-typedef struct NpCapCnt NpCapCnt;
-typedef struct NpVoipCnt NpVoipCnt;
-typedef struct NpPtypeCnt NpPtypeCnt;
-typedef struct NpPppoeSessionCnt NpPppoeSessionCnt;
-typedef struct NpPppLcpCnt NpPppLcpCnt;
-typedef struct NpMcleafCnt NpMcleafCnt;
-typedef struct NpPortPtypeCnt NpPortPtypeCnt;
-typedef struct NpOamTxCnt NpOamTxCnt;
-typedef struct NpOamRxCnt NpOamRxCnt;
-typedef struct NpPortToCpuPtypeCnt NpPortToCpuPtypeCnt;
-typedef struct Np3ahCnt Np3ahCnt;
-typedef struct NpGlbQueueStat NpGlbQueueStat;
-typedef struct NpGlbPriStat NpGlbPriStat;
+typedef struct NpIflowCnt {
+    uint32_t ulPktCnt;
+    uint32_t ulByteCnt;
+    uint32_t ulDropCnt;
+    uint32_t ulToCpuCnt; /* 0 to 0xffff */
+} NpIflowCnt;
+typedef struct NpOflowCnt {
+    uint32_t ulPktCnt;
+    uint32_t ulByteCnt;
+    uint32_t ulDropCnt;
+    uint32_t ulFrmCpuPktCnt; /* 0 to 0xffff */
+    uint32_t ulToCpuCnt;     /* 0 to 0xffff */
+} NpOflowCnt;
+typedef struct NpMcCnt {
+    uint32_t ulPktCnt;
+    uint32_t ulByteCnt;
+} NpMcCnt;
+typedef struct NpAclCnt {
+    uint32_t ulPktCnt;
+    uint32_t ulByteCnt;
+} NpAclCnt;
+typedef struct NpCapCnt {
+    uint32_t ulPtypeCnt;
+} NpCapCnt;
+typedef struct NpVoipCnt {
+    uint32_t ulPktCnt;
+} NpVoipCnt;
+typedef struct NpPtypeCnt {
+    uint32_t ulPktCnt;
+} NpPtypeCnt;
+typedef struct NpPppoeSessionCnt {
+    uint32_t ulPktCnt;
+    uint32_t ulByteCnt;
+} NpPppoeSessionCnt;
+typedef struct NpPppLcpCnt {
+    uint32_t ulPktCnt; /* cut to 16 bits */
+} NpPppLcpCnt;
+typedef struct NpMcleafCnt {
+    uint32_t ulPktCnt;
+} NpMcleafCnt;
+typedef struct NpPortPtypeCnt {
+    uint32_t ulPktCnt; /* cut to 16 bits */
+} NpPortPtypeCnt;
+typedef struct NpOamTxCnt {
+    uint32_t ulSendPktCnt;
+} NpOamTxCnt;
+typedef struct NpOamRxCnt {
+    uint32_t ulReceivePktCnt;
+} NpOamRxCnt;
+typedef struct NpPortToCpuPtypeCnt {
+    uint32_t aulPassPktCnt[4]; /* by class, cut to 16 bits */
+    uint32_t aulDropPktCnt[4]; /* the same */
+} NpPortToCpuPtypeCnt;
+typedef struct Np3ahCnt {
+    uint32_t ulWindowSize;
+    uint32_t ulPassCnt;
+    uint32_t ulErrorWindowSize;
+    uint32_t ulErrorCnt;
+} Np3ahCnt;
+typedef struct NpGlbQueueStat {
+    uint32_t ulPktCnt;     /* 28 bits */
+    uint32_t ulByteCnt[2]; /* low word, high 4 bits */
+} NpGlbQueueStat;
+typedef struct NpGlbPriStat {
+    uint32_t ulIPktCnt;
+    uint32_t ulIDropCnt;
+    uint32_t ulEPktCnt;
+    uint32_t ulEDropCnt;
+} NpGlbPriStat;
 typedef struct NpLmCnt NpLmCnt;
 typedef struct NpLmRecordCnt NpLmRecordCnt;
 typedef struct NpLmRxCnt NpLmRxCnt;

@@ -20,6 +20,7 @@
 #include "sdk/tables/port.h"
 #include "sdk/tables/port_other.h"
 #include "sdk/tables/secu.h"
+#include "sdk/tables/stat.h"
 
 #ifndef NP_COMMAND_ROW
 #define NP_COMMAND_ROW(Handler, enForm, pstKey, pstData)
@@ -66,6 +67,10 @@ NP_ROW_COMMAND(Np_SMD_L2_DmacTbl_Set, NP_FORM_SET, &g_stDmacKeyRow, &g_stDmacRow
 NP_ROW_COMMAND(Np_SMD_L2_DmacTbl_Get, NP_FORM_GET, &g_stDmacKeyRow, &g_stDmacRow, Np_DmacTbl_Get, Np_DmacTbl_Set)
 NP_ROW_COMMAND(Np_SMD_L2_SmacPoolTbl_Set, NP_FORM_SET, &g_stSmacPoolKeyRow, &g_stDmacRow, Np_SmacPoolTbl_Get, Np_SmacPoolTbl_Set)
 NP_ROW_COMMAND(Np_SMD_L2_SmacPoolTbl_Get, NP_FORM_GET, &g_stSmacPoolKeyRow, &g_stDmacRow, Np_SmacPoolTbl_Get, Np_SmacPoolTbl_Set)
+NP_ROW_COMMAND(Np_SMD_Stat_QueueTbl_Set, NP_FORM_SET, &g_stQueueStatKeyRow, &g_stQueueStatRow, Np_Stat_QueueTbl_Get, Np_Stat_QueueTbl_Set)
+NP_ROW_COMMAND(Np_SMD_Stat_QueueTbl_Get, NP_FORM_GET, &g_stQueueStatKeyRow, &g_stQueueStatRow, Np_Stat_QueueTbl_Get, Np_Stat_QueueTbl_Set)
+NP_ROW_COMMAND(Np_SMD_Stat_PriTbl_Set, NP_FORM_SET, &g_stPriStatKeyRow, &g_stPriStatRow, Np_Stat_PriTbl_Get, Np_Stat_PriTbl_Set)
+NP_ROW_COMMAND(Np_SMD_Stat_PriTbl_Get, NP_FORM_GET, &g_stPriStatKeyRow, &g_stPriStatRow, Np_Stat_PriTbl_Get, Np_Stat_PriTbl_Set)
 NP_ROW_COMMAND(Np_SMD_L2_CmGroupTbl_Set, NP_FORM_SET, &g_stCmKeyArgs, &g_stCmGroupArgs, Np_CmGroupTbl_Get, Np_CmGroupTbl_Set)
 NP_ROW_COMMAND(Np_SMD_L2_CmGroupTbl_Get, NP_FORM_GET, &g_stCmKeyArgs, &g_stCmGroupArgs, Np_CmGroupTbl_Get, Np_CmGroupTbl_Set)
 NP_ROW_COMMAND(Np_SMD_L2_CmClassTbl_Set, NP_FORM_LARGE, &g_stCmKeyArgs, &g_stCmClassArgs, Np_CmClassTbl_Get, Np_CmClassTbl_Set)

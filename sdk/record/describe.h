@@ -955,3 +955,26 @@ struct NpIndexKey {
     static constexpr NpRow g_stRow =
         Np_RowMake<R>({.ucModule = ucModule, .bBare = bBare}, g_astField, g_astCheck);
 };
+
+// A name in a template's argument.
+template <size_t ulSize>
+struct NpName {
+    char acText[ulSize];
+    constexpr NpName(const char (&acFrom)[ulSize])
+    {
+        for (size_t i = 0; i < ulSize; i++) {
+            acText[i] = acFrom[i];
+        }
+    }
+};
+
+// The same with a name and a limit of its own: messages call it by its name, commands "index".
+template <uint8_t ucModule, NpName stName, NpLimit stLimit>
+struct NpNamedKey {
+    static constexpr NpField g_astField[] = {
+        Np_FieldMake<uint32_t>(stName.acText, 0, sizeof(uint32_t), 0, {.pszKey = "index"})};
+    static constexpr NpCheck g_astCheck[] = {
+        Np_CheckMake<uint32_t>(stName.acText, 0, sizeof(uint32_t), 0, stLimit, {})};
+    static constexpr NpRow g_stRow =
+        Np_RowMake<NpIndexArg>({.ucModule = ucModule}, g_astField, g_astCheck);
+};

@@ -27,6 +27,7 @@
 #include "sdk/tables/port_other.h"
 #include "sdk/tables/qos.h"
 #include "sdk/tables/secu.h"
+#include "sdk/tables/stat.h"
 #include "sdk/tables/vlan.h"
 
 #ifndef NP_TABLE_ROW
@@ -84,6 +85,22 @@ NP_TABLE_ROW(g_stDownCarProfileTable, Np_DownCarProfileTbl_Get, Np_DownCarProfil
 NP_TABLE_ROW(g_stToCpuCarTable, Np_PortToCpuPtypeCarTbl_Get, Np_PortToCpuPtypeCarTbl_Set, Np_SMD_PortToCpuPtypeCarTbl_Get, Np_SMD_PortToCpuPtypeCarTbl_Set, NP_FORM_LARGE)
 NP_TABLE_ROW(g_stGemportLoopTable, Np_GemportLoopQidTbl_Get, Np_GemportLoopQidTbl_Set, Np_SMD_GemportLoopQidTbl_Get, Np_SMD_GemportLoopQidTbl_Set, NP_FORM_SET)
 
+NP_TABLE_ROW(g_stIflowStatTable, Np_IflowStatTbl_Get, Np_IflowStatTbl_Set, Np_SMD_Stat_IflowStatTbl_Get, Np_SMD_Stat_IflowStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stOflowStatTable, Np_OflowStatTbl_Get, Np_OflowStatTbl_Set, Np_SMD_Stat_OflowStatTbl_Get, Np_SMD_Stat_OflowStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stMcStatTable, Np_McStatTbl_Get, Np_McStatTbl_Set, Np_SMD_Stat_McStatTbl_Get, Np_SMD_Stat_McStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stAclStatTable, Np_AclStatTbl_Get, Np_AclStatTbl_Set, Np_SMD_Stat_AclStatTbl_Get, Np_SMD_Stat_AclStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stCapStatTable, Np_CapStatTbl_Get, Np_CapStatTbl_Set, Np_SMD_Stat_CapStatTbl_Get, Np_SMD_Stat_CapStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stVoipStatTable, Np_VoipStatTbl_Get, Np_VoipStatTbl_Set, Np_SMD_Stat_VoipStatTbl_Get, Np_SMD_Stat_VoipStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stPtypeStatTable, Np_PtypeStatTbl_Get, Np_PtypeStatTbl_Set, Np_SMD_Stat_PtypeStatTbl_Get, Np_SMD_Stat_PtypeStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stPppoeSessionStatTable, Np_PppoeSessionStatTbl_Get, Np_PppoeSessionStatTbl_Set, Np_SMD_Stat_PppoeSessionStatTbl_Get, Np_SMD_Stat_PppoeSessionStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stPppIftlcpStatTable, Np_PppIftlcpStatTbl_Get, Np_PppIftlcpStatTbl_Set, Np_SMD_Stat_PppIftlcpStatTbl_Get, Np_SMD_Stat_PppIftlcpStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stPppOftlcpStatTable, Np_PppOftlcpStatTbl_Get, Np_PppOftlcpStatTbl_Set, Np_SMD_Stat_PppOftlcpStatTbl_Get, Np_SMD_Stat_PppOftlcpStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stMcleafStatTable, Np_Stat_McleafStatTbl_Get, Np_Stat_McleafStatTbl_Set, Np_SMD_Stat_McleafStatTbl_Get, Np_SMD_Stat_McleafStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stPortPtypeStatTable, Np_Stat_PortPtypeStatTbl_Get, Np_Stat_PortPtypeStatTbl_Set, Np_SMD_Stat_PortPtypeStatTbl_Get, Np_SMD_Stat_PortPtypeStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stOamTxStatTable, Np_Stat_OamTxStatTbl_Get, Np_Stat_OamTxStatTbl_Set, Np_SMD_Stat_OamTxStatTbl_Get, Np_SMD_Stat_OamTxStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stOamRxStatTable, Np_Stat_OamRxStatTbl_Get, Np_Stat_OamRxStatTbl_Set, Np_SMD_Stat_OamRxStatTbl_Get, Np_SMD_Stat_OamRxStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stPortToCpuTypeStatTable, Np_Stat_PortToCpuTypeStatTbl_Get, Np_Stat_PortToCpuTypeStatTbl_Set, Np_SMD_Stat_PortToCpuPtypeStatTbl_Get, Np_SMD_Stat_PortToCpuPtypeStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_st3ahStatTable, Np_3ahStatTbl_Get, Np_3ahStatTbl_Set, Np_SMD_Stat_3ahStatTbl_Get, Np_SMD_Stat_3ahStatTbl_Set, NP_FORM_SET)
 NP_PRI_ROW(g_stMultiServiceTable, Np_MultiServiceTbl_Get, Np_MultiServiceTbl_Set, Np_MultiServiceTbl_Del, NP_SMD_L2_MultiServiceTbl_Get, NP_SMD_L2_MultiServiceTbl_Set, Np_SMD_L2_MultiServiceTbl_Del)
 NP_PRI_ROW(g_stL2paTable, Np_L2paTbl_Get, Np_L2paTbl_Set, Np_L2paTbl_Del, Np_SMD_L2pa_Get, Np_SMD_L2pa_Set, Np_SMD_L2pa_Del)
 NP_PRI_ROW(g_stL3paTable, Np_L3paTbl_Get, Np_L3paTbl_Set, Np_L3paTbl_Del, Np_SMD_L3pa_Get, Np_SMD_L3pa_Set, Np_SMD_L3pa_Del)
@@ -129,6 +146,8 @@ NP_LOOSE_ROW(g_stGemportBitMapRow)
 NP_LOOSE_ROW(g_stAtmEncapRow)
 NP_LOOSE_ROW(g_stPvcEncRow)
 NP_LOOSE_ROW(g_stIpUdpRow)
+NP_LOOSE_ROW(g_stQueueStatRow)
+NP_LOOSE_ROW(g_stPriStatRow)
 NP_LOOSE_ROW(g_stCesopKeyRow)
 NP_LOOSE_ROW(g_stCesopDataRow)
 NP_LOOSE_ROW(g_stDmacRow)

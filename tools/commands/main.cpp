@@ -165,7 +165,17 @@ struct Need {
     const char *refused = nullptr;     // why it can't run everywhere
 };
 
-constexpr char kAbsent[] = "this family has no such table";
+// Commands of tables that this family has not.
+constexpr NpCliHandler kAbsent[] = {
+    Np_SMD_L2_CmClassTbl_Set,      Np_SMD_L2_CmClassTbl_Get,      Np_SMD_L2_CmGroupTbl_Set,
+    Np_SMD_L2_CmGroupTbl_Get,      Np_SMD_L2_CmLmtTbl_Set,        Np_SMD_L2_CmLmtTbl_Get,
+    Np_SMD_L2_DmacTbl_Set,         Np_SMD_L2_DmacTbl_Get,         Np_SMD_L2_SmacPoolTbl_Set,
+    Np_SMD_L2_SmacPoolTbl_Get,     Np_SMD_AtmEncapTbl_Set,        Np_SMD_AtmEncapTbl_Get,
+    Np_SMD_AtmEncapTblPvcItem_Set, Np_SMD_AtmEncapTblPvcItem_Get, Np_SMD_CesopMapTbl_Add,
+    Np_SMD_CesopMapTbl_Get,        Np_SMD_CesopMapTbl_Del,        Np_SMD_IpUdpEncapInfoTbl_Set,
+    Np_SMD_IpUdpEncapInfoTbl_Get,  Np_SMD_Stat_QueueTbl_Set,      Np_SMD_Stat_QueueTbl_Get,
+    Np_SMD_Stat_PriTbl_Set,        Np_SMD_Stat_PriTbl_Get,
+};
 constexpr char kRule[] =
     "micro l2 multiservicetbl set keyid 1 keypri 0 port ge portid 1 subportid 0 iftid 1 end";
 
@@ -174,6 +184,10 @@ constexpr char kL3pa[] = "micro l3pa set index 1 key_encap 8 mask_encap 15 end";
 
 const Need *need_of(NpCliHandler handler)
 {
+    static const Need absent = {{}, {}, nullptr, "this family has no such table"};
+    if (std::find(std::begin(kAbsent), std::end(kAbsent), handler) != std::end(kAbsent)) {
+        return &absent;
+    }
     static const Need needs[] = {
         {Np_PUB_SMD_ChipSwitchSet, {}, "micro chip set 0"},
         {Np_SMD_ATOM_Load, {}, nullptr, "there is no image at this address"},
@@ -187,25 +201,6 @@ const Need *need_of(NpCliHandler handler)
           "ulOpCode 1"}},
         {Np_SMD_ARL_LanMacTbl_Get,
          {"micro arl lanmactbl set ulSvlanID 1 aucMacAddr 00-11-22-33-44-55 ulL2encId 1"}},
-        {Np_SMD_L2_CmClassTbl_Set, {}, nullptr, kAbsent},
-        {Np_SMD_L2_CmClassTbl_Get, {}, nullptr, kAbsent},
-        {Np_SMD_L2_CmGroupTbl_Set, {}, nullptr, kAbsent},
-        {Np_SMD_L2_CmGroupTbl_Get, {}, nullptr, kAbsent},
-        {Np_SMD_L2_CmLmtTbl_Set, {}, nullptr, kAbsent},
-        {Np_SMD_L2_CmLmtTbl_Get, {}, nullptr, kAbsent},
-        {Np_SMD_L2_DmacTbl_Set, {}, nullptr, kAbsent},
-        {Np_SMD_L2_DmacTbl_Get, {}, nullptr, kAbsent},
-        {Np_SMD_L2_SmacPoolTbl_Set, {}, nullptr, kAbsent},
-        {Np_SMD_L2_SmacPoolTbl_Get, {}, nullptr, kAbsent},
-        {Np_SMD_AtmEncapTbl_Set, {}, nullptr, kAbsent},
-        {Np_SMD_AtmEncapTbl_Get, {}, nullptr, kAbsent},
-        {Np_SMD_AtmEncapTblPvcItem_Set, {}, nullptr, kAbsent},
-        {Np_SMD_AtmEncapTblPvcItem_Get, {}, nullptr, kAbsent},
-        {Np_SMD_CesopMapTbl_Add, {}, nullptr, kAbsent},
-        {Np_SMD_CesopMapTbl_Get, {}, nullptr, kAbsent},
-        {Np_SMD_CesopMapTbl_Del, {}, nullptr, kAbsent},
-        {Np_SMD_IpUdpEncapInfoTbl_Set, {}, nullptr, kAbsent},
-        {Np_SMD_IpUdpEncapInfoTbl_Get, {}, nullptr, kAbsent},
         {Np_SMD_AoePktHaInfo_Set, {}, nullptr, "this family has no such rule"},
         {NP_SMD_L2_MultiServiceTbl_Set, {}, kRule},
         {NP_SMD_L2_MultiServiceTbl_Get, {kRule}},

@@ -18,6 +18,7 @@ inline constexpr uint32_t NP_CAP_NUM = 361;
     X(7, HA_INFO_MAX, 0x7fu, "highest HA info") \
     X(8, CAR_PROFILE_MAX, 0xffu, "highest car profile") \
     X(9, HS_MAX, 0xffu, "highest horizontal split value") \
+    X(10, DEVICE_ID_MAX, 0xfu, "highest device identifier") \
     X(11, USER_ID_MAX, 0x1ffu, "highest user identifier, port anti-DoS index") \
     X(12, FORCE_AGE_ID_MAX, 0xffu, "highest force age identifier bitmap") \
     X(19, EPON_PRI_MAX, 7u, "highest EPON priority") \
@@ -75,6 +76,8 @@ inline constexpr uint32_t NP_CAP_NUM = 361;
     X(82, GLOBAL_ROWS, 1u, "global table rows") \
     X(85, DYING_GASP_ROWS, 8u, "dying-gasp rows") \
     X(87, DYING_GASP_SMAC_ROWS, 1u, "dying-gasp source MAC rows") \
+    X(90, XD_PAD_MAX, 76u, "highest Ethernet pad length") \
+    X(91, XD_PAD_MIN, 60u, "lowest Ethernet pad length") \
     X(93, SMAC_FILTER_NUM, 8u, "source MAC filters") \
     X(94, DMAC_FILTER_NUM, 8u, "destination MAC filters") \
     X(95, ERROR_SAMPLE_NUM, 2u, "error sample rules") \
@@ -183,6 +186,8 @@ inline constexpr uint32_t NP_CAP_NUM = 361;
     X(295, PTYPE_ROWS, 0x800u, "ptype table rows") \
     X(296, STAT_INDEX_A_MAX, 0xfu, "highest statistics index") \
     X(297, STAT_INDEX_B_MAX, 3u, "highest statistics index") \
+    X(299, FROM_CPU_CNT_MAX, 0xffffu, "highest count of packets from the CPU") \
+    X(300, TO_CPU_CNT_MAX, 0xffffu, "highest count of packets to the CPU") \
     X(311, PTYPE_DEBUG_BASE, 0x60248000u, "ptype debug counters") \
     X(312, STAT_OAM_ROWS, 8u, "statistics rows") \
     X(313, STAT_PORT_PTYPE_MAX, 0xfffu, "highest index of the port ptype, 3ah, capture, priority and queue statistics") \
