@@ -54,6 +54,46 @@ TEST_F(Rows, RowsLieAtTheirAddresses)
                 Not(HasSubstr("success")));
 }
 
+// Every feature is off after bring-up, and the registers of all units are written row by row.
+TEST_F(Rows, GlobalSettingsReachEachUnit)
+{
+    std::vector<uint32_t> expected;
+    for (const uint32_t word : {0x40u, 0x44u, 0x48u}) {
+        for (const uint32_t unit : {0u, 1u, 2u, 3u}) {
+            expected.push_back(0x7a101a00 + (unit << 16) + word);
+            EXPECT_EQ(peek(expected.back()), word == 0x40 ? 8u : 0u);
+        }
+    }
+    EXPECT_EQ(peek(0x60222200), 0x50000000u);
+    NpGlobal global = {};
+    ASSERT_EQ(Np_GlobalTbl_Get(0, 0, &global), NP_OK);
+    NpGlobal first = {};
+    first.ulEfbFlag = 1;
+    EXPECT_EQ(std::memcmp(&global, &first, sizeof(global)), 0);
+    global.ulOuterTpid = 0x88a8;
+    global.ulMirrorID = 77;  // nobody asks for it while mirroring is off
+    BusTap bus;
+    ASSERT_EQ(Np_GlobalTbl_Set(0, 0, &global), NP_OK);
+    std::vector<uint32_t> written;
+    for (const BusTap::Access &access : bus.take()) {
+        if (access.address >> 20 == 0x7a1) {
+            written.push_back(access.address);
+        }
+    }
+    EXPECT_EQ(written, expected);
+    EXPECT_EQ(peek(0x7a131a40), 0x88a80008u);
+    // A dying gasp row reads by the type that its last Set had, and of type 0 after bring-up.
+    const NpDyingGasp gasp = {1, 3, 2, {.stGpon = {1, 99}}};
+    ASSERT_EQ(Np_DyingGaspTbl_Set(0, 7, &gasp), NP_OK);
+    NpDyingGasp back = {};
+    ASSERT_EQ(Np_DyingGaspTbl_Get(0, 7, &back), NP_OK);
+    EXPECT_EQ(std::memcmp(&back, &gasp, sizeof(back)), 0);
+    ASSERT_EQ(Np_INIT_SdkDestruct(0), NP_OK);
+    EXPECT_EQ(g_pastNpGlbDyingGaspInfo[0], nullptr);
+    ASSERT_EQ(Np_DyingGaspTbl_Get(0, 7, &back), NP_OK);
+    EXPECT_EQ(back.ulFrameInfoType, 0u);
+}
+
 // GEM port mapping rules against what a packet finds: the lowest rule whose fields of the mode are
 // the packet's.
 TEST_F(Rows, GemPortRulesMatchByTheFieldsOfTheirMode)

@@ -167,13 +167,13 @@ TEST(Tool, HelpAndVersionAreAnswers)
 TEST(ToolChip, MemoryReadsBack)
 {
     const Finished finished = script(
-        "chip poke 0x60222204 0xdeadbeef\n"
-        "chip poke 1612849680 7\n"  // 0x60222210
-        "chip peek 0x60222200 5\n");
+        "chip poke 0x60210004 0xdeadbeef\n"
+        "chip poke 1612775440 7\n"  // 0x60210010
+        "chip peek 0x60210000 5\n");
     EXPECT_EQ(finished.status, 0) << finished.err;
     EXPECT_EQ(finished.out,
-              "0x60222200: 00000000 deadbeef 00000000 00000000\n"
-              "0x60222210: 00000007\n");
+              "0x60210000: 00000000 deadbeef 00000000 00000000\n"
+              "0x60210010: 00000007\n");
 }
 
 TEST(ToolChip, SlavesAreChipsOfTheirOwn)
@@ -181,14 +181,14 @@ TEST(ToolChip, SlavesAreChipsOfTheirOwn)
     const Finished finished = script(
         "chip attach 1\n"
         "chip select 1\n"
-        "chip poke 0x60222200 1\n"
-        "chip peek 0x60222200\n"
+        "chip poke 0x60210000 1\n"
+        "chip peek 0x60210000\n"
         "chip select 0\n"
-        "chip peek 0x60222200\n"
+        "chip peek 0x60210000\n"
         "micro chip set 1\n"
         "micro glb version sdk\n");
     EXPECT_EQ(finished.status, 0) << finished.err;
-    EXPECT_THAT(finished.out, StartsWith("0x60222200: 00000001\n0x60222200: 00000000\n"));
+    EXPECT_THAT(finished.out, StartsWith("0x60210000: 00000001\n0x60210000: 00000000\n"));
     EXPECT_THAT(finished.out, HasSubstr("Lodestone1.3.10.0022forQA02MXU"));
 }
 
@@ -196,7 +196,7 @@ TEST(ToolChip, JournalAndFaultsAreShown)
 {
     const Finished finished = script(
         "chip journal on\n"
-        "chip poke 0x60222200 1\n"  // no crossing of a door
+        "chip poke 0x60210000 1\n"  // no crossing of a door
         "chip journal show\n"
         "chip journal off\n"
         "chip fault rba op=write nth=3\n"
@@ -219,8 +219,8 @@ TEST(ToolChip, AnswersBeginOnTheirOwnLine)
 {
     const std::string module = tool({"micro", "chip", "get"}).out;
     ASSERT_NE(module.back(), '\n');
-    EXPECT_EQ(script("micro chip get\nchip peek 0x60222200\n").out,
-              module + "\n0x60222200: 00000000\n");
+    EXPECT_EQ(script("micro chip get\nchip peek 0x60210000\n").out,
+              module + "\n0x60210000: 00000000\n");
 }
 
 // ---- scripts ------------------------------------------------------------------------------------
@@ -274,7 +274,7 @@ TEST(ToolScript, StopsAtTheFirstErrorAndNamesItsPlace)
     };
     for (const auto &each : lines) {
         const std::string file = folder.write(
-            "bad", "chip poke 0x60222200 1\n\n" + each.line + "\nchip peek 0x60222200\n");
+            "bad", "chip poke 0x60210000 1\n\n" + each.line + "\nchip peek 0x60210000\n");
         const Finished finished = tool({"--script", file});
         EXPECT_EQ(finished.status, 1) << each.line;
         EXPECT_EQ(finished.out, "") << each.line;
@@ -288,9 +288,9 @@ TEST(ToolScript, StopsAtTheFirstErrorAndNamesItsPlace)
 TEST(ToolScript, EchoGoesToStandardError)
 {
     // No terminal, so --interactive changes nothing.
-    const Finished finished = tool({"-i", "--echo", "-s", "-"}, "# note\nchip peek 0x60222200\n");
-    EXPECT_EQ(finished.out, "0x60222200: 00000000\n");
-    EXPECT_EQ(finished.err, "# note\nldsdk> chip peek 0x60222200\n");
+    const Finished finished = tool({"-i", "--echo", "-s", "-"}, "# note\nchip peek 0x60210000\n");
+    EXPECT_EQ(finished.out, "0x60210000: 00000000\n");
+    EXPECT_EQ(finished.err, "# note\nldsdk> chip peek 0x60210000\n");
 }
 
 TEST(ToolScript, TheExamplesRun)
@@ -374,11 +374,11 @@ TEST(ToolPrompt, RunsPastedBlocksKeepsHistoryAndShowsWhatIsNoText)
     const TempFolder folder;
     const Terminal first(folder);
     const Terminal second(folder);
-    first.type("\x1b[200~# note\nchip poke 0x60222200 5\nchop\nmicro chip get\n\x1b[201~\r",
+    first.type("\x1b[200~# note\nchip poke 0x60210000 5\nchop\nmicro chip get\n\x1b[201~\r",
                "not run: 1 further line");
-    EXPECT_THAT(first.type("chip peek 0x60222200\r", ": 00000005"), Not(HasSubstr("chop")));
+    EXPECT_THAT(first.type("chip peek 0x60210000\r", ": 00000005"), Not(HasSubstr("chop")));
     second.type("# second\r", "ldsdk> ");
-    second.type("chip peek 0x60222200 ?", "<WORDS>");
+    second.type("chip peek 0x60210000 ?", "<WORDS>");
     // A file's name, and one that needs quotes.
     const std::string source = LDSDK_SOURCE_DIR "/examples/microcode/forward.npasm";
     std::string image = run({LDSDK_ASM, source, "-o", "-"}).out;
@@ -390,7 +390,7 @@ TEST(ToolPrompt, RunsPastedBlocksKeepsHistoryAndShowsWhatIsNoText)
     EXPECT_THAT(first.type("\x15micro glb version micro\r", "forward"), HasSubstr("\\x1b[2J"));
     // Nothing was left well; yet all is kept.
     const std::string history = run({"cat", folder.path("ldsdk/history")}).out;
-    EXPECT_THAT(history, StartsWith("# note\nchip poke 0x60222200 5\nchop\nmicro chip get\n"));
+    EXPECT_THAT(history, StartsWith("# note\nchip poke 0x60210000 5\nchop\nmicro chip get\n"));
     EXPECT_THAT(history, HasSubstr("\n# second\nchip load \""));
 }
 
@@ -468,7 +468,7 @@ TEST_F(Server, AnswersAsTheToolItself)
     EXPECT_EQ(info.st_mode & 0777, 0600u);
 
     const std::string text =
-        "micro\nmicro chip get\nchip poke 0x60222200 5\nchip peek 0x60222200\n"
+        "micro\nmicro chip get\nchip poke 0x60210000 5\nchip peek 0x60210000\n"
         "micro glb version sdk\n";
     const Finished here = script(text);
     const Finished there = client({"--script", "-"}, text);
@@ -477,9 +477,9 @@ TEST_F(Server, AnswersAsTheToolItself)
 
     // The chip outlives a client, the client's choice of a chip doesn't.
     EXPECT_EQ(client({"chip", "attach", "1"}).status, 0);
-    EXPECT_EQ(client({"-s", "-"}, "chip select 1\nchip peek 0x60222200\n").out,
-              "0x60222200: 00000000\n");
-    EXPECT_EQ(client({"chip", "peek", "0x60222200"}).out, "0x60222200: 00000005\n");
+    EXPECT_EQ(client({"-s", "-"}, "chip select 1\nchip peek 0x60210000\n").out,
+              "0x60210000: 00000000\n");
+    EXPECT_EQ(client({"chip", "peek", "0x60210000"}).out, "0x60210000: 00000005\n");
 
     const Finished refused = client({"chip", "peek", "zz"});
     EXPECT_EQ(refused.status, 2);
@@ -564,7 +564,7 @@ TEST_F(Server, ClientsOpenTheFiles)
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     for (const char *command : {"inject", "load", "capture"}) {
         Process stuck({LDSDK_TOOL, "-d", "unix:" + socket_, "chip", command, pipe});
-        EXPECT_EQ(client({"chip", "peek", "0x60222200"}).status, 0);
+        EXPECT_EQ(client({"chip", "peek", "0x60210000"}).status, 0);
         stuck.signal(SIGTERM);
         EXPECT_EQ(stuck.wait().status, 128 + SIGTERM);
     }

@@ -3,13 +3,56 @@
 #ifndef LDSDK_GLB_H
 #define LDSDK_GLB_H
 
+#include "ldsdk/cputr.h"
 #include "ldsdk/types.h"
 
 NP_EXTERN_C_BEGIN
 
-typedef struct NpGlobal NpGlobal;
-typedef struct NpDyingGasp NpDyingGasp;
-typedef struct NpDyingGaspSmac NpDyingGaspSmac;
+/* The microcode's chip-wide settings. */
+typedef struct NpGlobal {
+    uint32_t ulVoipUdpPortMin; /* 0 to 0xffff */
+    uint32_t ulVoipUdpPortMax; /* 0 to 0xffff */
+    uint32_t ulVoipFlowID;     /* input flow, 0 to 1023 */
+    uint32_t ulDeviceID;       /* 0 to 15 */
+    uint32_t ulTlsVlan;        /* 0 to 4095 */
+    uint32_t ulUmEnable;
+    uint32_t ulOuterTpid;     /* 0 to 0xffff */
+    uint32_t ulInnerTpid;     /* 0 to 0xffff */
+    uint32_t ulMacLimitFwd;   /* past a MAC limit: 0 forward, 1 discard */
+    uint32_t ulMacLimitToCpu; /* 0 or 1, as all enables */
+    uint32_t ulFtHashCollisionEnable;
+    uint32_t ulFtSemCollisionEnable;
+    uint32_t ulPrbsOverLenEnable;
+    uint32_t ulMirrorEnable;
+    uint32_t ulMirrorID; /* mirror group, 0 to 15; only while ulMirrorEnable is 1 */
+    uint32_t ulDfxFlowEnable;
+    uint32_t ulDfxFlowID; /* 0 to 1023; only while ulDfxFlowEnable is 1 */
+    uint32_t ulPPPlenRectifyEnable;
+    uint32_t ulPriFlowCntEnable;
+    uint32_t ulPriCntFlowID;         /* 0 to 1023; only while ulPriFlowCntEnable is 1 */
+    uint32_t ulGlobalMacLimitEnable; /* the MAC table's own limit counts */
+    uint32_t ulAoeEtherType;         /* 0 to 0xffff */
+    uint32_t ulMirrorCtrl;           /* 0 or 1 */
+    uint32_t ulToCpuMtu;             /* bytes, 0 to 0xfff */
+    uint32_t ulMinmVlan;             /* has no place in this family: reads as 0 */
+    uint32_t ulCesopUdpPortMin;      /* 0 to 0xffff */
+    uint32_t ulCesopUdpPortMax;      /* 0 to 0xffff */
+    uint32_t ulEfbFlag;              /* 1 bit of it is stored; 1 after bring-up */
+    uint32_t ulPtypeMir;             /* 1 bit of it is stored */
+    uint32_t ulOftId;                /* 10 bits of it are stored */
+} NpGlobal;
+
+/* A frame that is sent when power fails. */
+typedef struct NpDyingGasp {
+    uint32_t ulValid;         /* 0 or 1 */
+    uint32_t ulQueueID;       /* 0 to 511 */
+    uint32_t ulFrameInfoType; /* 0 to 7; the host keeps it */
+    NpFrameInfo unFrameInfo;
+} NpDyingGasp;
+
+typedef struct NpDyingGaspSmac {
+    uint8_t aucMac[6]; /* the first byte of the address first */
+} NpDyingGaspSmac;
 
 /* Hooks that the sibling module registers. They are called from the context of the SDK call under
    way; registering needs no registered chip.
@@ -75,7 +118,8 @@ NP_API uint32_t Np_MicroVersion_Get(uint32_t ulChipID, char *pszVersion);
 
 /* The global settings row. ulIndex 0. Writes the global row, its port row and the global
    registers, in this order; fields behind an enable flag are checked and stored only while the
-   flag is 1. Further codes: NP_ERR_ADDRESS, NP_ERR_REG_READ, NP_ERR_REG_WRITE. */
+   flag is 1, and read as 0 else. A failure between them leaves those behind it as they were.
+   Further codes: NP_ERR_ADDRESS, NP_ERR_REG_READ, NP_ERR_REG_WRITE. */
 NP_API uint32_t Np_GlobalTbl_Set(uint32_t ulChipID, uint32_t ulIndex, const NpGlobal *pstGlobal);
 NP_API uint32_t Np_GlobalTbl_Get(uint32_t ulChipID, uint32_t ulIndex, NpGlobal *pstGlobal);
 

@@ -956,6 +956,14 @@ struct NpIndexKey {
         Np_RowMake<R>({.ucModule = ucModule, .bBare = bBare}, g_astField, g_astCheck);
 };
 
+// Of a table that has one row, and no argument that names it; its functions hand g_ulNpRowOfNoKey
+// on.
+template <uint8_t ucModule>
+struct NpNoKey {
+    static constexpr NpRow g_stRow = Np_RowMake<NpIndexArg>({.ucModule = ucModule}, {}, {});
+};
+inline constexpr uint32_t g_ulNpRowOfNoKey = 0;
+
 // A name in a template's argument.
 template <size_t ulSize>
 struct NpName {

@@ -17,6 +17,7 @@
 //   NP_LOOSE_ROW(row)
 //       a row on its own: a key or the data of a searched table
 #include "sdk/tables/arl.h"
+#include "sdk/tables/glb.h"
 #include "sdk/tables/gmt.h"
 #include "sdk/tables/ha.h"
 #include "sdk/tables/l2.h"
@@ -101,6 +102,10 @@ NP_TABLE_ROW(g_stOamTxStatTable, Np_Stat_OamTxStatTbl_Get, Np_Stat_OamTxStatTbl_
 NP_TABLE_ROW(g_stOamRxStatTable, Np_Stat_OamRxStatTbl_Get, Np_Stat_OamRxStatTbl_Set, Np_SMD_Stat_OamRxStatTbl_Get, Np_SMD_Stat_OamRxStatTbl_Set, NP_FORM_SET)
 NP_TABLE_ROW(g_stPortToCpuTypeStatTable, Np_Stat_PortToCpuTypeStatTbl_Get, Np_Stat_PortToCpuTypeStatTbl_Set, Np_SMD_Stat_PortToCpuPtypeStatTbl_Get, Np_SMD_Stat_PortToCpuPtypeStatTbl_Set, NP_FORM_SET)
 NP_TABLE_ROW(g_st3ahStatTable, Np_3ahStatTbl_Get, Np_3ahStatTbl_Set, Np_SMD_Stat_3ahStatTbl_Get, Np_SMD_Stat_3ahStatTbl_Set, NP_FORM_SET)
+NP_TABLE_ROW(g_stGlobalTable, Np_GlobalTbl_Get, Np_GlobalTbl_Set, Np_SMD_GLB_GlobalTblGet, Np_SMD_GLB_GlobalTblSet, NP_FORM_LARGE)
+NP_TABLE_ROW(g_stDyingGaspTable, Np_DyingGaspTbl_Get, Np_DyingGaspTbl_Set, Np_SMD_GLB_DyingGaspTblGet, Np_SMD_GLB_DyingGaspTblSet, NP_FORM_SET)
+NP_TABLE_ROW(g_stDyingGaspSmacTable, Np_DyingGaspSmacTbl_Get, Np_DyingGaspSmacTbl_Set, Np_SMD_GLB_DyingGaspSmacTblGet, Np_SMD_GLB_DyingGaspSmacTblSet, NP_FORM_SET)
+NP_TABLE_ROW(g_stXdTxEthPadTable, Np_XdTxEthPadLen_Get, Np_XdTxEthPadLen_Set, Np_SMD_GLB_XdTxEthPadLenGet, Np_SMD_GLB_XdTxEthPadLenSet, NP_FORM_SET)
 NP_PRI_ROW(g_stMultiServiceTable, Np_MultiServiceTbl_Get, Np_MultiServiceTbl_Set, Np_MultiServiceTbl_Del, NP_SMD_L2_MultiServiceTbl_Get, NP_SMD_L2_MultiServiceTbl_Set, Np_SMD_L2_MultiServiceTbl_Del)
 NP_PRI_ROW(g_stL2paTable, Np_L2paTbl_Get, Np_L2paTbl_Set, Np_L2paTbl_Del, Np_SMD_L2pa_Get, Np_SMD_L2pa_Set, Np_SMD_L2pa_Del)
 NP_PRI_ROW(g_stL3paTable, Np_L3paTbl_Get, Np_L3paTbl_Set, Np_L3paTbl_Del, Np_SMD_L3pa_Get, Np_SMD_L3pa_Set, Np_SMD_L3pa_Del)

@@ -74,7 +74,9 @@ std::string example_value(const NpSmdParam &param)
         case NP_SMD_SIGNED:
             return "plus 1";
         default:
-            return std::to_string(std::min<uint32_t>(static_cast<uint32_t>(param.stItem.lMax), 1));
+            return std::to_string(std::min<uint32_t>(
+                static_cast<uint32_t>(param.stItem.lMax),
+                std::max<uint32_t>(static_cast<uint32_t>(param.stItem.lMin), 1)));
     }
 }
 
