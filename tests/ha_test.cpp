@@ -204,10 +204,10 @@ const std::vector<Kind> &kinds()
          {{43, 2, 14, kFe}, {53, 3, 14, kXaui}},
          {{{2, 1}, {0x0506, 0x01020304}}, {{12, 11}, {0x8864, 2}}},
          {11},
-         {{"010203040506 0a0b0c0d0e0f 88a80001 81000002 8864"},
-          {"010203040506 0a0b0c0d0e0f 88a80001 81000002 8864", {9, 0, 0, 0}}},
-         {{"010203040506 0a0b0c0d0e0f 88a80001 8864"},
-          {"010203040506 0a0b0c0d0e0f 88a80001 88a80002 8864"},
+         {{"010203040506 0a0b0c0d0e0f 91000001 81000002 8864"},
+          {"010203040506 0a0b0c0d0e0f 91000001 81000002 8864", {9, 0, 0, 0}}},
+         {{"010203040506 0a0b0c0d0e0f 91000001 8864"},
+          {"010203040506 0a0b0c0d0e0f 91000001 88a80002 8864"},
           {"010203040506 0a0b0c0d0e0f 81000001 81000002 8863"}},
          {{"index", 1, kFilterID},
           {"ulHaInfo", 128, "param error! pstL2Packet->ulHaInfo=0x%08x\r\n"}}},
@@ -232,7 +232,7 @@ const std::vector<Kind> &kinds()
          {{{5, 0}, {4095, 0}}},
          {21, 1},
          {{"010203040506 0a0b0c0d0e0f 8100efff 0800"}},
-         {{"010203040506 0a0b0c0d0e0f 88a80001 81000fff 0800"},
+         {{"010203040506 0a0b0c0d0e0f 91000001 81000fff 0800"},
           {"010203040506 0a0b0c0d0e0f 08000fff 0800"}},
          {{"index", 4, kIndex},
           {"ulHaInfo", 128, "param error! pstVlanMatch->ulHaInfo=0x%08x\r\n"}}},
@@ -625,18 +625,18 @@ TEST_F(Ha, FixedRulesAndTagIdentifiers)
                 ElementsAre("Qd_HA_ExtendRuleSet failed (0x9a00001e) !\r\n"));
     EXPECT_EQ(Np_PiePktHaInfo_Get(0, nullptr), NP_ERR_NULL_PTR);
 
-    const Packet tagged = {"010203040506 0a0b0c0d0e0f 91000007 0800"};
+    const Packet tagged = {"010203040506 0a0b0c0d0e0f 88a80007 0800"};
     const NpVlanMatch vlan = {7, 1, 0};
     ASSERT_EQ(Np_VlanMatchPktHaInfo_Set(0, 0, &vlan), NP_OK);
     EXPECT_EQ(info(tagged), -1);
     const auto tpid = [](uint32_t type, uint32_t id) {
         return [=] { return Np_TarnB_ExtendTpidSet(0, type, id); };
     };
-    ASSERT_EQ(tpid(4, 0x9100)(), NP_OK);
+    ASSERT_EQ(Np_OuterTpid_Set(0, 0x88a8), NP_OK);
     EXPECT_EQ(info(tagged), 1);
-    EXPECT_EQ(info({"010203040506 0a0b0c0d0e0f 81000007 0800"}), -1) << "no identifier any more";
+    EXPECT_EQ(info({"010203040506 0a0b0c0d0e0f 81000007 0800"}), 1) << "the fixed ones stay";
     ASSERT_EQ(Np_TarnB_ExtendTpidGet(0, 4, &value), NP_OK);
-    EXPECT_EQ(value, 0x9100u);
+    EXPECT_EQ(value, 0x88a8u);
     EXPECT_EQ(tpid(8, 0xffff)(), NP_OK);
     EXPECT_THAT(failures(*kinds()[0].row, tpid(9, 0x10000), NP_ERR_PARAM),
                 ElementsAre("param error! ulTpidType=0x00000009\r\n"));

@@ -3,6 +3,7 @@
 
 #include "sdk/frame/base/service.h"
 #include "sdk/lookup/lcam.h"
+#include "sdk/tables/ha.h"
 #include "sdk/tables/multiservice.h"
 #include "sdk/tables/pa.h"
 
@@ -23,7 +24,15 @@ class Rules : public ShellUp {
     };
     static Met meet(const NpPriTable &table, const std::array<uint32_t, 3> &key)
     {
-        const NpLcamConfig &cam = g_stNpLcamConfig_TarnB[table.ucLcamTable];
+        Met met = meet(table.ucLcamTable, key);
+        met.rule = met.rule != NP_PRICAM_NONE ? table.ppulEntryKey[0][met.rule] : met.rule;
+        return met;
+    }
+
+    // The same of a CAM table, whose rules are its rows.
+    static Met meet(uint32_t table, const std::array<uint32_t, 3> &key)
+    {
+        const NpLcamConfig &cam = g_stNpLcamConfig_TarnB[table];
         model::LcamResult result = {};
         EXPECT_EQ(model::lookup_lcam(0,
                                      {cam.ulType, cam.ulBlock, cam.ulCid,
@@ -32,10 +41,8 @@ class Rules : public ShellUp {
                   model::kOk);
         Met met;
         if (result.hit) {
-            const uint32_t entry =
-                ((result.place.tcam - cam.ulTcam) >> cam.ulType) * cam.ulDepthNum +
-                result.place.row - cam.ulDepth;
-            met.rule = table.ppulEntryKey[0][entry];
+            met.rule = ((result.place.tcam - cam.ulTcam) >> cam.ulType) * cam.ulDepthNum +
+                       result.place.row - cam.ulDepth;
             std::memcpy(met.ad.data(), result.ad, sizeof(met.ad));
         }
         return met;
@@ -236,6 +243,44 @@ TEST_F(Rules, OfAnalysisTellPacketsApart)
     EXPECT_EQ(Np_Tarn_DFX_PA_INIT(0), NP_ERR_LCAM_AD_WRITE);
     model::faults_clear();
     EXPECT_EQ(g_aulL2paItemNum[0], 12u);
+}
+
+TEST_F(Rules, OfTagsFollowTheTwoThatCanBeSet)
+{
+    const auto tags = [](uint32_t outer, uint32_t inner) {
+        return meet(NP_LCAM_TPID, {inner << 4 | outer << 20, outer >> 12, 0}).ad[0];
+    };
+    const auto fixed = [&] {
+        EXPECT_EQ(tags(0x8100, 0x8100), 0x03000800u);  // the first of its number
+        EXPECT_EQ(tags(0x8100, 0x9100), 0x13000800u);
+        EXPECT_EQ(tags(0x9200, 0x0800), 0x82000400u);
+        EXPECT_EQ(tags(0x0800, 0x8100), 0u);
+    };
+    fixed();
+    EXPECT_EQ(meet(NP_LCAM_TPID, {}).rule, 20u);
+    EXPECT_EQ(tags(0x9100, 0x88a8), 0x42000400u);
+    EXPECT_THAT(run("micro tpid innertpid set ulInnerTpid 34984"), EndsWith("success!"));
+    ASSERT_EQ(Np_OuterTpid_Set(0, 0xffff), NP_OK);
+    fixed();
+    EXPECT_EQ(tags(0x9100, 0x88a8), 0x73000800u);
+    EXPECT_EQ(tags(0xffff, 0x88a8), 0xf3000800u);
+    EXPECT_EQ(tags(0xffff, 0x0800), 0xc2000400u);
+    uint32_t value = 0;
+    ASSERT_EQ(Np_InnerTpid_Get(0, &value), NP_OK);
+    EXPECT_EQ(value, 0x88a8u);
+    EXPECT_THAT(run("micro tpid outertpid get"), HasSubstr("65535"));
+    EXPECT_EQ(Np_TarnB_ExtendTpidGet(0, 8, &value), NP_OK);
+    EXPECT_EQ(value, 0x88a8u);
+    EXPECT_EQ(failures(
+                  NP_M_PA, [] { return Np_InnerTpid_Set(0, 0x10000); }, NP_ERR_PARAM),
+              Words{"param error! ulInnerTpid=0x00010000\r\n"});
+    set_fault("rba nth=1");
+    EXPECT_EQ(failures(
+                  NP_M_PA, [&] { return Np_OuterTpid_Get(0, &value); }, NP_ERR_TCAM_READ),
+              Words{"Func error return: 0x9a000026 \r\n"});
+    model::faults_clear();
+    EXPECT_THAT(run("micro tpid init"), EndsWith("success!"));
+    EXPECT_EQ(tags(0xffff, 0x88a8), 0u);
 }
 
 TEST_F(Rules, TemplatesAreSeenAsEntriesAndAsWords)

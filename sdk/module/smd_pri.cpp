@@ -84,13 +84,13 @@ uint32_t Np_PriInit(const NpPriKind &stKind, uint32_t (*pfnBefore)(uint32_t ulCh
     return ulReturn;
 }
 
-uint32_t Np_PriDestruct(uint32_t (*pfnDestruct)(uint32_t ulChipID))
+uint32_t Np_ChipCall(uint32_t (*pfnCall)(uint32_t ulChipID))
 {
     if (Np_SMD_EndCheck() != 0) {
         return 1;
     }
     const uint32_t ulReturn = Np_GLB_ChipIDIsValid(g_ulNpCurrentChipID);
-    return Np_SMD_Report(ulReturn != NP_OK ? ulReturn : pfnDestruct(g_ulNpCurrentChipID));
+    return Np_SMD_Report(ulReturn != NP_OK ? ulReturn : pfnCall(g_ulNpCurrentChipID));
 }
 
 // ---- soft tables --------------------------------------------------------------------------------
@@ -196,12 +196,12 @@ uint32_t Np_SMD_L3pa_Init(void)
 
 uint32_t Np_SMD_L2pa_Destruct(void)
 {
-    return Np_PriDestruct(Np_Tarn_L2paTbl_Destruct);
+    return Np_ChipCall(Np_Tarn_L2paTbl_Destruct);
 }
 
 uint32_t Np_SMD_L3pa_Destruct(void)
 {
-    return Np_PriDestruct(Np_Tarn_L3paTbl_Destruct);
+    return Np_ChipCall(Np_Tarn_L3paTbl_Destruct);
 }
 
 uint32_t NP_SMD_L2pa_Dump(void)
@@ -222,6 +222,11 @@ uint32_t Np_SMD_DFX_L2pa_DisplayValid(void)
 uint32_t Np_SMD_DFX_L3pa_DisplayValid(void)
 {
     return Np_PaDisplay<Np_L3paTbl_Get, NpL3pa>(NP_CAP_L3PA_ROWS, g_stL3paTable.pstRow);
+}
+
+uint32_t Np_SMD_Tpid_Init(void)
+{
+    return Np_ChipCall(Np_Tpid_Init);
 }
 
 // Equal blocks: the default rows have priorities up to 9.

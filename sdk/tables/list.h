@@ -29,6 +29,7 @@
 #include "sdk/tables/qos.h"
 #include "sdk/tables/secu.h"
 #include "sdk/tables/stat.h"
+#include "sdk/tables/tpid.h"
 #include "sdk/tables/vlan.h"
 
 #ifndef NP_TABLE_ROW
@@ -138,8 +139,11 @@ NP_ENTRY_ROW(&g_stHaDmacMatchKey, &g_stHaDmacMatchRow, Np_DmacMatchTbl_Get, Np_D
 NP_ENTRY_DEL(&g_stHaDmacMatchKey, Np_DmacMatchTbl_Del, Np_SMD_DmacMatchTbl_Del)
 NP_ENTRY_ROW(&g_stHaVlanMatchKey, &g_stHaVlanMatchRow, Np_VlanMatchPktHaInfo_Get, Np_VlanMatchPktHaInfo_Set, Np_SMD_VlanMatchTbl_Get, Np_SMD_VlanMatchTbl_Set)
 NP_ENTRY_DEL(&g_stHaVlanMatchKey, Np_VlanMatchPktHaInfo_Del, Np_SMD_VlanMatchTbl_Del)
+NP_ENTRY_ROW(nullptr, &g_stOuterTpidArgs, Np_OuterTpid_Get, Np_OuterTpid_Set, Np_SMD_OuterTpid_Get, Np_SMD_OuterTpid_Set)
+NP_ENTRY_ROW(nullptr, &g_stInnerTpidArgs, Np_InnerTpid_Get, Np_InnerTpid_Set, Np_SMD_InnerTpid_Get, Np_SMD_InnerTpid_Set)
 
 NP_LOOSE_ROW(g_stMultiServiceWideRow)
+NP_LOOSE_ROW(g_stTpidRow)
 NP_LOOSE_ROW(g_stArlKeyRow)
 NP_LOOSE_ROW(g_stArlDataRow)
 NP_LOOSE_ROW(g_stLanMacKeyRow)
