@@ -4,6 +4,7 @@
 
 #include "ldsdk/ipqam.h"
 #include "sdk/frame/base/service.h"
+#include "sdk/lookup/eml.h"
 #include "sdk/module/smd_ipqam.h"
 
 namespace ldsdk::test {
@@ -92,6 +93,103 @@ TEST_F(Rows, GlobalSettingsReachEachUnit)
     EXPECT_EQ(g_pastNpGlbDyingGaspInfo[0], nullptr);
     ASSERT_EQ(Np_DyingGaspTbl_Get(0, 7, &back), NP_OK);
     EXPECT_EQ(back.ulFrameInfoType, 0u);
+}
+
+// Entries of every exact-match table against a map by their keys' bits, through the exported
+// functions: added, changed, read by key and by place, deleted by key and by place; in the end no
+// place has one. A bad key or record changes nothing.
+TEST_F(Rows, ExactTablesAgreeWithAMap)
+{
+    Maker maker(25);
+    for (const NpExactTableInfo &info : std::span(g_astNpExactTable, g_ulNpExactTableNum)) {
+        SCOPED_TRACE(info.pszGet);
+        const NpExactTable &table = *info.pstTable;
+        const size_t places = table.pstPlace->usRecordSize / 4u;
+        ASSERT_LE(table.pstKey->usRecordSize, sizeof(NpKeyRecord));
+        const auto item_of = [&](const Bytes &key, const Bytes &data) {
+            NpExactItem item = {};
+            EXPECT_EQ(Np_Exact_KeyBuild(&table, 0, key.data(), &item), NP_OK);
+            EXPECT_EQ(Np_Exact_DataBuild(&table, 0, data.data(), &item), NP_OK);
+            return Words{testing::PrintToString(item.aulWord)};
+        };
+        Bytes key(table.pstKey->usRecordSize);
+        Bytes data(table.pstData->usRecordSize);
+        uint32_t kind = NP_EML_DEL_ANY;
+        uint32_t place[] = {0, 0};
+        uint32_t told[4] = {};
+        const auto call = [&](const NpAnyCall &which, std::vector<void *> args) {
+            args.insert(args.end(), {key.data(), data.data(), told});
+            return which.pfnCall(0, args.data());
+        };
+        const auto del = [&] {
+            return call(info.stDel, info.stDel.ulArgNum == 2 ? std::vector<void *>{&kind}
+                                                             : std::vector<void *>{});
+        };
+        const auto at = [&](const NpAnyCall &which) {
+            return call(which, places == 2 ? std::vector<void *>{&place[0], &place[1]}
+                                           : std::vector<void *>{&place[1]});
+        };
+        std::map<Words, std::pair<Bytes, Bytes>> map;  // by the item of the key alone
+        const Bytes none(table.pstData->usRecordSize);
+        for (int step = 0; step < 400; step++) {
+            key = maker.record(*table.pstKey);
+            data = maker.record(*table.pstData);
+            const Words bits = item_of(key, none);
+            ASSERT_EQ(call(info.stAdd, {}), NP_OK);
+            map[bits] = {key, data};
+            if (step % 3 == 0) {
+                const auto gone = std::next(map.begin(), maker.number() % map.size());
+                key = gone->second.first;
+                if (step % 2 == 0) {
+                    ASSERT_EQ(del(), NP_OK);
+                }
+                else {
+                    NpExactMet met = {};
+                    ASSERT_EQ(Np_Exact_Get(&table, 0, key.data(), data.data(), &met), NP_OK);
+                    place[1] = met.ulIndex;
+                    ASSERT_EQ(at(info.stGetByIndex), NP_OK);
+                    EXPECT_EQ(item_of(key, data), item_of(gone->second.first, gone->second.second));
+                    ASSERT_EQ(at(info.stDelByIndex), NP_OK);
+                    key = gone->second.first;
+                }
+                EXPECT_EQ(call(info.stGet, {}), NP_ERR_NOT_EXIST);
+                map.erase(gone);
+            }
+        }
+        const Bytes full = store();
+        for (const NpRow *row : {table.pstKey, table.pstData}) {
+            for (const NpCheck &check : checks_of(*row)) {
+                key = map.begin()->second.first;
+                data = map.begin()->second.second;
+                Bytes &bad = row == table.pstKey ? key : data;
+                const Bytes good = bad;
+                std::fill_n(bad.begin() + check.usOffset, check.ucSize, uint8_t{0xff});
+                if (Np_Row_Check(row, 0, bad.data()) != NP_OK) {
+                    EXPECT_NE(call(info.stAdd, {}), NP_OK) << check.pszText;
+                    EXPECT_TRUE(row != table.pstKey || del() != NP_OK) << check.pszText;
+                }
+                bad = good;
+            }
+        }
+        EXPECT_EQ(store(), full);
+        place[1] = UINT32_MAX;
+        EXPECT_EQ(at(info.stGetByIndex), NP_ERR_PARAM);
+        EXPECT_EQ(at(info.stDelByIndex), NP_ERR_PARAM);
+        for (const auto &[bits, entry] : map) {
+            key = entry.first;
+            ASSERT_EQ(call(info.stGet, {}), NP_OK);
+            EXPECT_EQ(item_of(entry.first, data), item_of(entry.first, entry.second));
+            ASSERT_EQ(del(), NP_OK);
+        }
+        EXPECT_EQ(del(), NP_OK) << "nothing to delete is fine";
+        NpExactMet met = {};
+        for (place[1] = 0; Np_Exact_GetByIndex(&table, 0, &place[2 - places], key.data(),
+                                               data.data(), &met) == NP_OK;
+             place[1]++) {
+            ASSERT_EQ(met.ulStatus, 0u) << place[1];
+        }
+        EXPECT_GE(place[1], 128u);
+    }
 }
 
 // GEM port mapping rules against what a packet finds: the lowest rule whose fields of the mode are

@@ -33,16 +33,6 @@
 #endif
 
 // clang-format off
-NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_Add, NP_FORM_SET, &g_stArlKeyRow, &g_stArlDataRow)
-NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_Get, NP_FORM_GET, &g_stArlKeyRow, nullptr)
-NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_GetByIndex, NP_FORM_GET, &g_stArlIndexArgs, nullptr)
-NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_Del, NP_FORM_PAIRS, &g_stMacDelTypeArgs, &g_stArlKeyRow)
-NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_DelByIndex, NP_FORM_PAIRS, nullptr, &g_stArlIndexArgs)
-NP_COMMAND_ROW(Np_SMD_ARL_LanMacTbl_Add, NP_FORM_SET, &g_stLanMacKeyRow, &g_stLanMacDataRow)
-NP_COMMAND_ROW(Np_SMD_ARL_LanMacTbl_Get, NP_FORM_GET, &g_stLanMacKeyRow, nullptr)
-NP_COMMAND_ROW(Np_SMD_ARL_LanMacTbl_GetByIndex, NP_FORM_GET, &g_stLanMacIndexArgs, nullptr)
-NP_COMMAND_ROW(Np_SMD_ARL_LanMacTbl_Del, NP_FORM_PAIRS, &g_stMacDelTypeArgs, &g_stLanMacKeyRow)
-NP_COMMAND_ROW(Np_SMD_ARL_LanMacTbl_DelByIndex, NP_FORM_PAIRS, nullptr, &g_stLanMacIndexArgs)
 NP_COMMAND_ROW(Np_SMD_ARL_HashCrash_Record_Read, NP_FORM_PAIRS, nullptr, nullptr)
 NP_COMMAND_ROW(Np_SMD_ARL_DynamicArlLrn, NP_FORM_SET, &g_stArlKeyRow, &g_stArlDataRow)
 NP_COMMAND_ROW(Np_SMD_ARL_DynamicArlLrnStateGet, NP_FORM_GET, &g_stLearnStateArgs, nullptr)

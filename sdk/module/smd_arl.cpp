@@ -19,16 +19,6 @@ namespace {
 inline constexpr uint32_t NP_BURST_MAX = 24;   // more requests than a line has room for
 inline constexpr uint32_t NP_UVMAC_ROOM = 32;  // records of a query
 
-namespace info {
-using R = NpArlInfo;
-constexpr auto g_astTypeWords = Np_Words("static", "dynamic", "none");
-constexpr NpField g_astField[] = {
-    NP_F(ulMacType, .stWords = g_astTypeWords),
-    NP_F(ulVas),
-    NP_F(ulKeyIndex),
-};
-}  // namespace info
-
 namespace uvmac {
 using R = NpUvmac;
 constexpr NpField g_astField[] = {
@@ -39,218 +29,32 @@ constexpr NpField g_astField[] = {
 };
 }  // namespace uvmac
 
-// The exported functions of one of the two tables, on plain memory.
-struct NpMacApi {
-    const NpRow *pstKey;
-    const NpRow *pstData;
-    const NpRow *pstIndex;
-    uint32_t (*pfnAdd)(uint32_t ulChipID, const void *pvKey, const void *pvData);
-    uint32_t (*pfnGet)(uint32_t ulChipID, const void *pvKey, void *pvData, NpArlInfo *pstInfo);
-    uint32_t (*pfnGetByIndex)(uint32_t ulChipID, uint32_t ulIndex, void *pvKey, void *pvData,
-                              NpArlInfo *pstInfo);
-    uint32_t (*pfnDel)(uint32_t ulChipID, uint32_t ulMacDelType, const void *pvKey);
-    uint32_t (*pfnDelByIndex)(uint32_t ulChipID, uint32_t ulIndex);
-};
-
-template <typename Key, typename Data, typename Info, auto pfnAdd, auto pfnGet, auto pfnGetByIndex,
-          auto pfnDel>
-struct NpMacCalls {
-    static uint32_t Add(uint32_t ulChipID, const void *pvKey, const void *pvData)
-    {
-        return pfnAdd(ulChipID, static_cast<const Key *>(pvKey), static_cast<const Data *>(pvData));
-    }
-    static uint32_t Get(uint32_t ulChipID, const void *pvKey, void *pvData, NpArlInfo *pstInfo)
-    {
-        Info stInfo = {};
-        const uint32_t ulReturn =
-            pfnGet(ulChipID, static_cast<const Key *>(pvKey), static_cast<Data *>(pvData), &stInfo);
-        *pstInfo = {stInfo.ulMacType, stInfo.ulVas, stInfo.ulKeyIndex};
-        return ulReturn;
-    }
-    static uint32_t GetByIndex(uint32_t ulChipID, uint32_t ulIndex, void *pvKey, void *pvData,
-                               NpArlInfo *pstInfo)
-    {
-        Info stInfo = {};
-        const uint32_t ulReturn = pfnGetByIndex(ulChipID, ulIndex, static_cast<Key *>(pvKey),
-                                                static_cast<Data *>(pvData), &stInfo);
-        *pstInfo = {stInfo.ulMacType, stInfo.ulVas, stInfo.ulKeyIndex};
-        return ulReturn;
-    }
-    static uint32_t Del(uint32_t ulChipID, uint32_t ulMacDelType, const void *pvKey)
-    {
-        return pfnDel(ulChipID, ulMacDelType, static_cast<const Key *>(pvKey));
-    }
-};
-using NpArlCalls = NpMacCalls<NpArlKey, NpArlData, NpArlInfo, Np_ArlTbl_Add, Np_ArlTbl_Get,
-                              Np_ArlTbl_GetByIndex, Np_ArlTbl_Del>;
-using NpLanMacCalls = NpMacCalls<NpLanMacKey, NpLanMacData, NpLanMacInfo, Np_LanMacTbl_Add,
-                                 Np_LanMacTbl_Get, Np_LanMacTbl_GetByIndex, Np_LanMacTbl_Del>;
-
-constexpr NpMacApi g_stArlApi = {&g_stArlKeyRow,  &g_stArlDataRow,     &g_stArlIndexArgs,
-                                 NpArlCalls::Add, NpArlCalls::Get,     NpArlCalls::GetByIndex,
-                                 NpArlCalls::Del, Np_ArlTbl_DelByIndex};
-constexpr NpMacApi g_stLanMacApi = {
-    &g_stLanMacKeyRow,  &g_stLanMacDataRow,        &g_stLanMacIndexArgs, NpLanMacCalls::Add,
-    NpLanMacCalls::Get, NpLanMacCalls::GetByIndex, NpLanMacCalls::Del,   Np_LanMacTbl_DelByIndex};
-
-// Room for the records of either table.
-struct NpMacEntry {
-    NpArlKey stKey;
-    NpArlData stData;
-    NpArlInfo stInfo;
-};
-static_assert(sizeof(NpLanMacKey) <= sizeof(NpArlKey) && sizeof(NpLanMacData) <= sizeof(NpArlData));
-
 // Reads all the words of a row and nothing behind them.
 uint32_t Np_ArgsScan(const NpRow *pstRow, void *pvRecord)
 {
     return Np_SMD_RowScan(pstRow, pvRecord, true) != 0 || Np_SMD_EndCheck() != 0 ? 1 : 0;
 }
 
-void Np_EntryPrint(const NpMacApi &stApi, const NpMacEntry &stEntry, bool bWithKey)
-{
-    Np_SMD_SeparatorPrint();
-    Np_SMD_RowPrint(&g_stArlInfoRow, &stEntry.stInfo);
-    if (bWithKey) {
-        Np_SMD_RowPrint(stApi.pstKey, &stEntry.stKey);
-    }
-    Np_SMD_RowPrint(stApi.pstData, &stEntry.stData);
-    Np_SMD_SeparatorPrint();
-}
-
-// What no pair names keeps the value that the entry has now, if there is one.
-uint32_t Np_MacAdd(const NpMacApi &stApi)
-{
-    NpMacEntry stEntry = {};
-    if (Np_SMD_RowScan(stApi.pstKey, &stEntry.stKey, true) != 0) {
-        return 1;
-    }
-    const uint32_t ulReturn =
-        stApi.pfnGet(g_ulNpCurrentChipID, &stEntry.stKey, &stEntry.stData, &stEntry.stInfo);
-    if (ulReturn != NP_OK && ulReturn != NP_ERR_NOT_EXIST) {
-        return Np_SMD_Report(ulReturn);
-    }
-    if (Np_SMD_RowScan(stApi.pstData, &stEntry.stData, false) != 0 || Np_SMD_EndCheck() != 0) {
-        return 1;
-    }
-    return Np_SMD_Report(stApi.pfnAdd(g_ulNpCurrentChipID, &stEntry.stKey, &stEntry.stData));
-}
-
-uint32_t Np_MacGet(const NpMacApi &stApi)
-{
-    NpMacEntry stEntry = {};
-    if (Np_ArgsScan(stApi.pstKey, &stEntry.stKey) != 0) {
-        return 1;
-    }
-    const uint32_t ulReturn =
-        stApi.pfnGet(g_ulNpCurrentChipID, &stEntry.stKey, &stEntry.stData, &stEntry.stInfo);
-    if (ulReturn == NP_OK) {
-        Np_EntryPrint(stApi, stEntry, false);
-    }
-    return Np_SMD_Report(ulReturn);
-}
-
-uint32_t Np_MacGetByIndex(const NpMacApi &stApi)
-{
-    uint32_t ulIndex = 0;
-    if (Np_ArgsScan(stApi.pstIndex, &ulIndex) != 0) {
-        return 1;
-    }
-    NpMacEntry stEntry = {};
-    const uint32_t ulReturn = stApi.pfnGetByIndex(g_ulNpCurrentChipID, ulIndex, &stEntry.stKey,
-                                                  &stEntry.stData, &stEntry.stInfo);
-    if (ulReturn == NP_OK) {
-        Np_EntryPrint(stApi, stEntry, true);
-    }
-    return Np_SMD_Report(ulReturn);
-}
-
-uint32_t Np_MacDel(const NpMacApi &stApi)
-{
-    uint32_t ulMacDelType = 0;
-    NpMacEntry stEntry = {};
-    if (Np_SMD_RowScan(&g_stMacDelTypeArgs, &ulMacDelType, true) != 0 ||
-        Np_ArgsScan(stApi.pstKey, &stEntry.stKey) != 0) {
-        return 1;
-    }
-    return Np_SMD_Report(stApi.pfnDel(g_ulNpCurrentChipID, ulMacDelType, &stEntry.stKey));
-}
-
-uint32_t Np_MacDelByIndex(const NpMacApi &stApi)
-{
-    uint32_t ulIndex = 0;
-    if (Np_ArgsScan(stApi.pstIndex, &ulIndex) != 0) {
-        return 1;
-    }
-    return Np_SMD_Report(stApi.pfnDelByIndex(g_ulNpCurrentChipID, ulIndex));
-}
-
 }  // namespace
 
-constexpr NpRow g_stArlInfoRow =
-    Np_RowMake<NpArlInfo>({.ucModule = NP_M_ARL}, info::g_astField, {});
 constexpr NpRow g_stUvmacRow = Np_RowMake<NpUvmac>({.ucModule = NP_M_ARL}, uvmac::g_astField, {});
-
-uint32_t Np_SMD_ARL_ArlTbl_Add(void)
-{
-    return Np_MacAdd(g_stArlApi);
-}
-
-uint32_t Np_SMD_ARL_ArlTbl_Get(void)
-{
-    return Np_MacGet(g_stArlApi);
-}
-
-uint32_t Np_SMD_ARL_ArlTbl_GetByIndex(void)
-{
-    return Np_MacGetByIndex(g_stArlApi);
-}
-
-uint32_t Np_SMD_ARL_ArlTbl_Del(void)
-{
-    return Np_MacDel(g_stArlApi);
-}
-
-uint32_t Np_SMD_ARL_ArlTbl_DelByIndex(void)
-{
-    return Np_MacDelByIndex(g_stArlApi);
-}
-
-uint32_t Np_SMD_ARL_LanMacTbl_Add(void)
-{
-    return Np_MacAdd(g_stLanMacApi);
-}
-
-uint32_t Np_SMD_ARL_LanMacTbl_Get(void)
-{
-    return Np_MacGet(g_stLanMacApi);
-}
-
-uint32_t Np_SMD_ARL_LanMacTbl_GetByIndex(void)
-{
-    return Np_MacGetByIndex(g_stLanMacApi);
-}
-
-uint32_t Np_SMD_ARL_LanMacTbl_Del(void)
-{
-    return Np_MacDel(g_stLanMacApi);
-}
-
-uint32_t Np_SMD_ARL_LanMacTbl_DelByIndex(void)
-{
-    return Np_MacDelByIndex(g_stLanMacApi);
-}
 
 uint32_t Np_SMD_ARL_HashCrash_Record_Read(void)
 {
     if (Np_SMD_EndCheck() != 0) {
         return 1;
     }
-    NpMacEntry stEntry = {};
-    const uint32_t ulReturn = Np_ArlTbl_HashCrashRecord_Read(g_ulNpCurrentChipID, &stEntry.stKey,
-                                                             &stEntry.stData, &stEntry.stInfo);
+    NpArlKey stKey = {};
+    NpArlData stData = {};
+    NpArlInfo stInfo = {};
+    const uint32_t ulReturn =
+        Np_ArlTbl_HashCrashRecord_Read(g_ulNpCurrentChipID, &stKey, &stData, &stInfo);
     if (ulReturn == NP_OK) {
-        Np_EntryPrint(g_stArlApi, stEntry, true);
+        Np_SMD_SeparatorPrint();
+        Np_SMD_RowPrint(&g_stArlInfoRow, &stInfo);
+        Np_SMD_RowPrint(&g_stArlKeyRow, &stKey);
+        Np_SMD_RowPrint(&g_stArlDataRow, &stData);
+        Np_SMD_SeparatorPrint();
     }
     return Np_SMD_Report(ulReturn);
 }

@@ -3,5 +3,4 @@
 
 #include "sdk/tables/arl.h"
 
-extern const NpRow g_stArlInfoRow;  // where an entry stands and what it is
-extern const NpRow g_stUvmacRow;    // a user MAC of a query
+extern const NpRow g_stUvmacRow;  // a user MAC of a query

@@ -11,7 +11,6 @@
 namespace {
 
 inline constexpr uint32_t NP_MENU_ENTRY = 64;  // room for one entry of a menu
-inline constexpr uint32_t NP_KEY_MAX = 128;    // bytes of the widest key record
 
 constexpr char NP_CMD_PROMPT[] = "cmd[please input valid cmd]<sz>:";
 constexpr char NP_CMD_END[] = "end";
@@ -458,6 +457,22 @@ void Np_ParamCondition(const NpRow *pstRow, const NpField *pstField, NpSmdParam 
                                                           .enForm = NP_FORM_PAIRS,     \
                                                           .pstKey = pstKeyRow,         \
                                                           .pfnDel = Np_KeyCallOf<pfnRowDel>};
+#define NP_EXACT_COMMAND(stTable, pfnOf, pfnReadOf, Handler, enTheOp, enTheForm)   \
+    constexpr NpRowCommand g_stCommand_##Handler = {.pfnHandler = Handler,         \
+                                                    .enForm = enTheForm,           \
+                                                    .pstExact = &(stTable),        \
+                                                    .enOp = enTheOp,               \
+                                                    .stCall = Np_AnyCall<pfnOf>(), \
+                                                    .stRead = Np_AnyCall<pfnReadOf>()};
+#define NP_EXACT_ROW(stTable, pfnAdd, pfnGet, pfnDel, pfnGetByIndex, pfnDelByIndex, pfnAddHandler, \
+                     pfnGetHandler, pfnDelHandler, pfnGetByIndexHandler, pfnDelByIndexHandler)     \
+    NP_EXACT_COMMAND(stTable, pfnAdd, pfnGet, pfnAddHandler, NP_EXACT_ADD, NP_FORM_SET)            \
+    NP_EXACT_COMMAND(stTable, pfnGet, pfnGet, pfnGetHandler, NP_EXACT_GET, NP_FORM_GET)            \
+    NP_EXACT_COMMAND(stTable, pfnDel, pfnGet, pfnDelHandler, NP_EXACT_DEL, NP_FORM_PAIRS)          \
+    NP_EXACT_COMMAND(stTable, pfnGetByIndex, pfnGet, pfnGetByIndexHandler, NP_EXACT_GET_BY_INDEX,  \
+                     NP_FORM_GET)                                                                  \
+    NP_EXACT_COMMAND(stTable, pfnDelByIndex, pfnGet, pfnDelByIndexHandler, NP_EXACT_DEL_BY_INDEX,  \
+                     NP_FORM_PAIRS)
 #include "sdk/tables/list.h"
 #define NP_COMMAND_ROW(Handler, enTheForm, pstKeyRow, pstDataRow) \
     constexpr NpRowCommand g_stCommand_##Handler = {              \
@@ -481,6 +496,10 @@ constexpr const NpRowCommand *g_apstCommand[] = {
 #define NP_ENTRY_ROW(pstKey, pstData, pfnGet, pfnSet, pfnGetHandler, pfnSetHandler) \
     &g_stCommand_##pfnSetHandler, &g_stCommand_##pfnGetHandler,
 #define NP_ENTRY_DEL(pstKey, pfnDel, pfnDelHandler) &g_stCommand_##pfnDelHandler,
+#define NP_EXACT_ROW(stTable, pfnAdd, pfnGet, pfnDel, pfnGetByIndex, pfnDelByIndex, pfnAddHandler, \
+                     pfnGetHandler, pfnDelHandler, pfnGetByIndexHandler, pfnDelByIndexHandler)     \
+    &g_stCommand_##pfnAddHandler, &g_stCommand_##pfnGetHandler, &g_stCommand_##pfnDelHandler,      \
+        &g_stCommand_##pfnGetByIndexHandler, &g_stCommand_##pfnDelByIndexHandler,
 #include "sdk/tables/list.h"
 #define NP_COMMAND_ROW(Handler, enForm, pstKey, pstData) &g_stCommand_##Handler,
 #define NP_ROW_COMMAND(Handler, enForm, pstKey, pstData, pfnGet, pfnSet) &g_stCommand_##Handler,
@@ -502,16 +521,18 @@ constexpr NpRowChoice g_astChoice[] = {
 
 const NpRow *Np_CommandKey(const NpRowCommand *pstCommand)
 {
-    return pstCommand->pstTable != nullptr ? pstCommand->pstTable->pstKey
-           : pstCommand->pstPri != nullptr ? pstCommand->pstPri->pstKey
-                                           : pstCommand->pstKey;
+    return pstCommand->pstTable != nullptr   ? pstCommand->pstTable->pstKey
+           : pstCommand->pstPri != nullptr   ? pstCommand->pstPri->pstKey
+           : pstCommand->pstExact != nullptr ? Np_ExactCommandKey(pstCommand)
+                                             : pstCommand->pstKey;
 }
 
 const NpRow *Np_CommandData(const NpRowCommand *pstCommand)
 {
-    return pstCommand->pstTable != nullptr ? pstCommand->pstTable->pstRow
-           : pstCommand->pstPri != nullptr ? pstCommand->pstPri->pstRow
-                                           : pstCommand->pstData;
+    return pstCommand->pstTable != nullptr   ? pstCommand->pstTable->pstRow
+           : pstCommand->pstPri != nullptr   ? pstCommand->pstPri->pstRow
+           : pstCommand->pstExact != nullptr ? Np_ExactCommandData(pstCommand)
+                                             : pstCommand->pstData;
 }
 
 const NpRowCommand *Np_CommandFind(NpCliHandler pfnHandler)
@@ -558,14 +579,6 @@ uint32_t Np_ChoiceParam(const NpRowCommand *pstCommand, uint32_t ulIndex, NpSmdP
     }
     return 1;
 }
-
-// Records of a command. Words, as those of the tables are.
-struct NpKeyRecord {
-    uint32_t aulWord[NP_KEY_MAX / 4];
-};
-struct NpDataRecord {
-    uint32_t aulWord[NP_ROW_RECORD_MAX / 4];
-};
 
 }  // namespace
 
@@ -822,6 +835,12 @@ uint32_t Np_SMD_CommandParam(NpCliHandler pfnHandler, uint32_t ulIndex, NpSmdPar
     NP_SMD_HANDLER(pfnSetHandler, Np_SMD_RowSet)                                    \
     NP_SMD_HANDLER(pfnGetHandler, Np_SMD_RowGet)
 #define NP_ENTRY_DEL(pstKey, pfnDel, pfnDelHandler) NP_SMD_HANDLER(pfnDelHandler, Np_SMD_RowDel)
+#define NP_EXACT_ROW(stTable, pfnAdd, pfnGet, pfnDel, pfnGetByIndex, pfnDelByIndex, pfnAddHandler, \
+                     pfnGetHandler, pfnDelHandler, pfnGetByIndexHandler, pfnDelByIndexHandler)     \
+    NP_SMD_HANDLER(pfnAddHandler, Np_SMD_Exact)                                                    \
+    NP_SMD_HANDLER(pfnGetHandler, Np_SMD_Exact) NP_SMD_HANDLER(pfnDelHandler, Np_SMD_Exact)        \
+        NP_SMD_HANDLER(pfnGetByIndexHandler, Np_SMD_Exact)                                         \
+            NP_SMD_HANDLER(pfnDelByIndexHandler, Np_SMD_Exact)
 #include "sdk/tables/list.h"
 #define NP_ROW_COMMAND(Handler, enForm, pstKey, pstData, pfnGet, pfnSet)        \
     uint32_t Handler(void)                                                      \

@@ -4,8 +4,18 @@
 
 #include "sdk/module/cli/params.h"
 #include "sdk/record/call.h"
+#include "sdk/record/exacttable.h"
 #include "sdk/record/pritable.h"
 #include "sdk/record/table.h"
+
+// What a command does with an entry of an exact-match table.
+enum NpExactOp : uint8_t {
+    NP_EXACT_ADD,
+    NP_EXACT_GET,
+    NP_EXACT_DEL,
+    NP_EXACT_GET_BY_INDEX,
+    NP_EXACT_DEL_BY_INDEX,
+};
 
 // A command on a record that a key selects. Both are plain memory; the calls get them as that.
 struct NpRowCommand {
@@ -20,12 +30,31 @@ struct NpRowCommand {
     NpKeyCall *pfnDel = nullptr;
     bool bNew = false;  // the key may have no record yet: set begins with an empty one,
     bool bAny = false;  // whatever the read's failure is
+    const NpExactTable *pstExact = nullptr;  // or an entry of it, its call,
+    NpExactOp enOp = NP_EXACT_ADD;
+    NpAnyCall stCall = {};
+    NpAnyCall stRead = {};  // and what reads one that is to be changed
 };
+
+inline constexpr uint32_t NP_KEY_WORDS = 32;  // of the widest key record
+
+// Room for a key's arguments and for a record.
+struct NpKeyRecord {
+    uint32_t aulWord[NP_KEY_WORDS];
+};
+struct NpDataRecord {
+    uint32_t aulWord[NP_ROW_RECORD_MAX / sizeof(uint32_t)];
+};
+
+// The rows that a command reads, and null for none.
+const NpRow *Np_ExactCommandKey(const NpRowCommand *pstCommand);
+const NpRow *Np_ExactCommandData(const NpRowCommand *pstCommand);
 
 // The whole of a handler: 0 or 1.
 uint32_t Np_SMD_RowGet(const NpRowCommand *pstCommand);
 uint32_t Np_SMD_RowSet(const NpRowCommand *pstCommand);
 uint32_t Np_SMD_RowDel(const NpRowCommand *pstCommand);
+uint32_t Np_SMD_Exact(const NpRowCommand *pstCommand);
 
 // Reads pairs of name and value, in the order of the fields; those whose condition does not hold
 // are not asked for. bAll: none may be left out. 0, or 1 after the prompt or the closing line.

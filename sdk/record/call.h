@@ -77,3 +77,39 @@ uint32_t Np_KeyCallOf(uint32_t ulChipID, const void *pvKey)
 {
     return np_call::WithKey<pfnCall>(pfnCall, np_call::Places(pfnCall), ulChipID, pvKey);
 }
+
+// A function of any arguments behind the chip, each taken from where one of a list of pointers
+// points: a record, or a word. Surplus pointers are ignored.
+struct NpAnyCall {
+    uint32_t (*pfnCall)(uint32_t ulChipID, void *const *ppvArg);
+    uint32_t ulArgNum;
+};
+
+namespace np_call {
+
+template <auto pfnCall, typename... Args, size_t... aulAt>
+uint32_t WithAny(uint32_t (*)(uint32_t, Args...), std::index_sequence<aulAt...>, uint32_t ulChipID,
+                 void *const *ppvArg)
+{
+    return pfnCall(ulChipID, Take<Args>(ppvArg[aulAt], 0)...);
+}
+
+template <auto pfnCall>
+uint32_t Any(uint32_t ulChipID, void *const *ppvArg)
+{
+    return WithAny<pfnCall>(pfnCall, Places(pfnCall), ulChipID, ppvArg);
+}
+
+template <typename... Args>
+consteval uint32_t Count(uint32_t (*)(uint32_t, Args...))
+{
+    return sizeof...(Args);
+}
+
+}  // namespace np_call
+
+template <auto pfnCall>
+consteval NpAnyCall Np_AnyCall()
+{
+    return {np_call::Any<pfnCall>, np_call::Count(pfnCall)};
+}

@@ -1,5 +1,4 @@
-// Entries of the MAC table and of the LAN MAC table. What is done to an entry is the same in both;
-// a table says where its entries are, how they read, and what an entry that goes gives back.
+// Entries of the MAC table and of the LAN MAC table: what a learned entry that goes gives back.
 #include "sdk/tables/arl.h"
 
 #include "ldsdk/status.h"
@@ -16,9 +15,7 @@
 
 namespace {
 
-// Bits of an item that are the AD's, the key's, and the status.
-inline constexpr uint32_t NP_AD_BITS[NP_MAC_ITEM_WORDS] = {0xffffffff, 0x000fffff, 0, 0};
-inline constexpr uint32_t NP_KEY_BITS[NP_MAC_ITEM_WORDS] = {0, 0xfff00000, 0xffffffff, 0x0fffffff};
+inline constexpr uint32_t NP_AD_BITS = 52;  // of an item
 
 inline constexpr uint32_t NP_COLLISION_TABLE = 72;  // register table
 
@@ -40,22 +37,6 @@ constexpr NpCredit g_astCredit[] = {
     {3, 17},
 };
 
-// A table of the two. Records are plain memory here.
-struct NpMacTable {
-    uint32_t ulEmlTable;
-    const NpRow *pstKey;
-    const NpRow *pstData;
-    const NpRow *pstIndex;
-    // What follows when a dynamic entry, given by its old item, was made static (bGone false) or
-    // went.
-    uint32_t (*pfnReplaced)(uint32_t ulChipID, const uint32_t *pulItem, bool bGone,
-                            NpWhere stWhere);
-};
-
-struct NpItem {
-    uint32_t aulWord[NP_MAC_ITEM_WORDS];
-};
-
 uint32_t Np_NullRecord(NpWhere stWhere)
 {
     NP_TRACE_AT(stWhere, NP_M_ARL, NP_PRINT_ERROR, "Para null ptr\r\n");
@@ -73,39 +54,15 @@ inline void Np_EntryTrace(uint32_t ulChipID, NpWhere stWhere)
     NP_TRACE_AT(stWhere, NP_M_ARL, NP_PRINT_TRACE, " in ulChipID=0x%08x\r\n", ulChipID);
 }
 
-// ---- parts of an item -------------------------------------------------------------------------
-
-inline void Np_BitsClear(void *pvItem, const uint32_t (&aulBits)[NP_MAC_ITEM_WORDS])
+// Both tables' info records have the same words.
+template <typename Info>
+void Np_InfoFill(uint32_t ulStatus, uint32_t ulIndex, bool bByIndex, Info *pstInfo)
 {
-    uint32_t *pulItem = static_cast<uint32_t *>(pvItem);
-    for (uint32_t i = 0; i < NP_MAC_ITEM_WORDS; i++) {
-        pulItem[i] &= ~aulBits[i];
-    }
-}
-
-uint32_t Np_KeyBuild(const NpRow *pstRow, uint32_t ulChipID, const void *pvKey, void *pvItem,
-                     NpWhere stWhere)
-{
-    Np_BitsClear(pvItem, NP_KEY_BITS);
-    Np_MacStatusSet(static_cast<uint32_t *>(pvItem), NP_EML_STATUS_STATIC);
-    return Np_Row_Fill(pstRow, ulChipID, pvKey, pvItem, stWhere);
-}
-
-uint32_t Np_AdBuild(const NpRow *pstRow, uint32_t ulChipID, const void *pvData, void *pvItem,
-                    NpWhere stWhere)
-{
-    Np_BitsClear(pvItem, NP_AD_BITS);
-    return Np_Row_Fill(pstRow, ulChipID, pvData, pvItem, stWhere);
-}
-
-void Np_InfoFill(uint32_t ulStatus, uint32_t ulIndex, bool bByIndex, NpArlInfo *pstInfo)
-{
-    pstInfo->ulMacType = ulStatus == NP_EML_STATUS_STATIC ? NP_MAC_STATIC : NP_MAC_DYNAMIC;
+    uint32_t ulMacType = ulStatus == NP_EML_STATUS_STATIC ? NP_MAC_STATIC : NP_MAC_DYNAMIC;
     if (bByIndex && ulStatus == NP_EML_STATUS_EMPTY) {
-        pstInfo->ulMacType = NP_MAC_NONE;
+        ulMacType = NP_MAC_NONE;
     }
-    pstInfo->ulVas = ulStatus;
-    pstInfo->ulKeyIndex = ulIndex;
+    *pstInfo = {ulMacType, ulStatus, ulIndex};
 }
 
 // ---- what a dynamic entry gives back ------------------------------------------------------------
@@ -169,199 +126,54 @@ uint32_t Np_LanMacReplaced(uint32_t ulChipID, const uint32_t *pulItem, bool, NpW
     return Np_CreditBack(ulChipID, NP_CNT_PORT_MAC_LIMIT, stData.ulL2encId);
 }
 
-constexpr NpMacTable g_stArl = {NP_EML_MAC, &g_stArlKeyRow, &g_stArlDataRow, &g_stArlIndexArgs,
-                                Np_ArlReplaced};
-constexpr NpMacTable g_stLanMac = {NP_EML_LAN_MAC, &g_stLanMacKeyRow, &g_stLanMacDataRow,
-                                   &g_stLanMacIndexArgs, Np_LanMacReplaced};
-
-// ---- entries ------------------------------------------------------------------------------------
-
-inline bool Np_IsDynamic(const NpItem &stItem)
+// A null info is refused as a null record is.
+template <typename Info>
+uint32_t Np_MacGet(const NpExactTable &stTable, uint32_t ulChipID, const void *pvKey, void *pvData,
+                   Info *pstInfo, NpWhere stWhere = Np_Here())
 {
-    const uint32_t ulStatus = Np_MacStatus(stItem.aulWord);
-    return ulStatus != NP_EML_STATUS_EMPTY && ulStatus != NP_EML_STATUS_STATIC;
+    NpExactMet stMet;
+    const uint32_t ulReturn = Np_Exact_Get(&stTable, ulChipID, pvKey,
+                                           pstInfo != nullptr ? pvData : nullptr, &stMet, stWhere);
+    if (ulReturn == NP_OK) {
+        Np_InfoFill(stMet.ulStatus, stMet.ulIndex, false, pstInfo);
+    }
+    return ulReturn;
 }
 
-// Tells what an entry that was there has become.
-uint32_t Np_Settle(const NpMacTable &stTable, uint32_t ulChipID, const NpItem &stOld, bool bGone,
-                   NpWhere stWhere)
+template <typename Info>
+uint32_t Np_MacGetByIndex(const NpExactTable &stTable, uint32_t ulChipID, uint32_t ulIndex,
+                          void *pvKey, void *pvData, Info *pstInfo, NpWhere stWhere = Np_Here())
 {
+    NpExactMet stMet;
     const uint32_t ulReturn =
-        Np_IsDynamic(stOld) ? stTable.pfnReplaced(ulChipID, stOld.aulWord, bGone, stWhere) : NP_OK;
-    return ulReturn == NP_OK ? NP_OK : Np_Failed(ulReturn, stWhere);
-}
-
-// What the table has for a key. One that is not there leaves the item as the build made it; one
-// that cannot be looked up may hold a credit that would be lost.
-uint32_t Np_MacLook(const NpMacTable &stTable, uint32_t ulChipID, NpItem *pstItem)
-{
-    const uint32_t ulReturn =
-        Np_Tarn_EML_ItemGet(ulChipID, stTable.ulEmlTable, nullptr, nullptr, pstItem->aulWord);
-    return ulReturn == NP_ERR_NOT_EXIST ? NP_OK : ulReturn;
-}
-
-uint32_t Np_MacAdd(const NpMacTable &stTable, uint32_t ulChipID, const void *pvKey,
-                   const void *pvData, NpWhere stWhere = Np_Here())
-{
-    Np_EntryTrace(ulChipID, stWhere);
-    if (pvKey == nullptr || pvData == nullptr) {
-        return Np_NullRecord(stWhere);
-    }
-    Np_Row_Trace(stTable.pstKey, pvKey, stWhere);
-    Np_Row_Trace(stTable.pstData, pvData, stWhere);
-    uint32_t ulReturn = Np_Row_Check(stTable.pstKey, ulChipID, pvKey, stWhere);
+        Np_Exact_GetByIndex(&stTable, ulChipID, &ulIndex, pvKey,
+                            pstInfo != nullptr ? pvData : nullptr, &stMet, stWhere);
     if (ulReturn == NP_OK) {
-        ulReturn = Np_Row_Check(stTable.pstData, ulChipID, pvData, stWhere);
+        Np_InfoFill(stMet.ulStatus, stMet.ulIndex, true, pstInfo);
     }
-    NpItem stItem = {};
-    if (ulReturn == NP_OK) {
-        ulReturn = Np_KeyBuild(stTable.pstKey, ulChipID, pvKey, stItem.aulWord, stWhere);
-    }
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    ulReturn = Np_MacLook(stTable, ulChipID, &stItem);
-    if (ulReturn != NP_OK) {
-        return Np_Failed(ulReturn, stWhere);
-    }
-    const NpItem stOld = stItem;
-    Np_MacStatusSet(stItem.aulWord, NP_EML_STATUS_STATIC);
-    ulReturn = Np_AdBuild(stTable.pstData, ulChipID, pvData, stItem.aulWord, stWhere);
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    uint32_t ulLocation;
-    ulReturn =
-        Np_Tarn_EML_ItemAdd(ulChipID, stTable.ulEmlTable, &ulLocation, nullptr, stItem.aulWord);
-    if (ulReturn != NP_OK) {
-        return Np_Failed(ulReturn, stWhere);
-    }
-    return Np_Settle(stTable, ulChipID, stOld, false, stWhere);
-}
-
-uint32_t Np_MacDel(const NpMacTable &stTable, uint32_t ulChipID, uint32_t ulDelType,
-                   const void *pvKey, NpWhere stWhere = Np_Here())
-{
-    Np_EntryTrace(ulChipID, stWhere);
-    uint32_t ulReturn = Np_Row_Check(&g_stMacDelTypeArgs, ulChipID, &ulDelType, stWhere);
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    if (pvKey == nullptr) {
-        return Np_NullRecord(stWhere);
-    }
-    Np_Row_Trace(stTable.pstKey, pvKey, stWhere);
-    ulReturn = Np_Row_Check(stTable.pstKey, ulChipID, pvKey, stWhere);
-    NpItem stItem = {};
-    if (ulReturn == NP_OK) {
-        ulReturn = Np_KeyBuild(stTable.pstKey, ulChipID, pvKey, stItem.aulWord, stWhere);
-    }
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    ulReturn = Np_MacLook(stTable, ulChipID, &stItem);
-    if (ulReturn != NP_OK) {
-        return Np_Failed(ulReturn, stWhere);
-    }
-    const NpItem stOld = stItem;
-    ulReturn = Np_Tarn_EML_ItemDel(ulChipID, stTable.ulEmlTable, ulDelType, stItem.aulWord);
-    if (ulReturn != NP_OK) {
-        return Np_Failed(ulReturn, stWhere);
-    }
-    // A delete of static entries leaves a dynamic one, and its credit, where they are.
-    return ulDelType == NP_EML_DEL_STATIC ? NP_OK
-                                          : Np_Settle(stTable, ulChipID, stOld, true, stWhere);
-}
-
-uint32_t Np_MacPlaceRead(const NpMacTable &stTable, uint32_t ulChipID, uint32_t ulIndex,
-                         NpItem *pstItem, NpWhere stWhere)
-{
-    uint32_t ulReturn = Np_Row_Check(stTable.pstIndex, ulChipID, &ulIndex, stWhere);
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    ulReturn = Np_Tarn_EML_ItemGetByIndex(ulChipID, stTable.ulEmlTable, NP_EML_IN_TABLE, ulIndex,
-                                          pstItem->aulWord);
-    return ulReturn == NP_OK ? NP_OK : Np_Failed(ulReturn, stWhere);
-}
-
-uint32_t Np_MacDelByIndex(const NpMacTable &stTable, uint32_t ulChipID, uint32_t ulIndex,
-                          NpWhere stWhere = Np_Here())
-{
-    Np_EntryTrace(ulChipID, stWhere);
-    NpItem stOld = {};
-    uint32_t ulReturn = Np_MacPlaceRead(stTable, ulChipID, ulIndex, &stOld, stWhere);
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    ulReturn = Np_Tarn_EML_ItemDelByIndex(ulChipID, stTable.ulEmlTable, NP_EML_IN_TABLE, ulIndex);
-    if (ulReturn != NP_OK) {
-        return Np_Failed(ulReturn, stWhere);
-    }
-    return Np_Settle(stTable, ulChipID, stOld, true, stWhere);
-}
-
-uint32_t Np_MacGet(const NpMacTable &stTable, uint32_t ulChipID, const void *pvKey, void *pvData,
-                   NpArlInfo *pstInfo, NpWhere stWhere = Np_Here())
-{
-    Np_EntryTrace(ulChipID, stWhere);
-    if (pvKey == nullptr || pvData == nullptr || pstInfo == nullptr) {
-        return Np_NullRecord(stWhere);
-    }
-    Np_Row_Trace(stTable.pstKey, pvKey, stWhere);
-    uint32_t ulReturn = Np_Row_Check(stTable.pstKey, ulChipID, pvKey, stWhere);
-    NpItem stItem = {};
-    if (ulReturn == NP_OK) {
-        ulReturn = Np_KeyBuild(stTable.pstKey, ulChipID, pvKey, stItem.aulWord, stWhere);
-    }
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    uint32_t ulIndex = 0;
-    ulReturn = Np_Tarn_EML_ItemGet(ulChipID, stTable.ulEmlTable, nullptr, &ulIndex, stItem.aulWord);
-    if (ulReturn == NP_OK) {
-        ulReturn = Np_Row_Parse(stTable.pstData, ulChipID, stItem.aulWord, pvData, stWhere);
-    }
-    if (ulReturn != NP_OK) {
-        return Np_Failed(ulReturn, stWhere);
-    }
-    Np_InfoFill(Np_MacStatus(stItem.aulWord), ulIndex, false, pstInfo);
-    Np_Row_Trace(stTable.pstData, pvData, stWhere);
-    return NP_OK;
-}
-
-uint32_t Np_MacGetByIndex(const NpMacTable &stTable, uint32_t ulChipID, uint32_t ulIndex,
-                          void *pvKey, void *pvData, NpArlInfo *pstInfo,
-                          NpWhere stWhere = Np_Here())
-{
-    Np_EntryTrace(ulChipID, stWhere);
-    if (pvKey == nullptr || pvData == nullptr || pstInfo == nullptr) {
-        return Np_NullRecord(stWhere);
-    }
-    NpItem stItem = {};
-    uint32_t ulReturn = Np_MacPlaceRead(stTable, ulChipID, ulIndex, &stItem, stWhere);
-    if (ulReturn == NP_OK) {
-        ulReturn = Np_Row_Parse(stTable.pstKey, ulChipID, stItem.aulWord, pvKey, stWhere);
-    }
-    if (ulReturn == NP_OK) {
-        ulReturn = Np_Row_Parse(stTable.pstData, ulChipID, stItem.aulWord, pvData, stWhere);
-    }
-    if (ulReturn != NP_OK) {
-        return ulReturn;
-    }
-    Np_InfoFill(Np_MacStatus(stItem.aulWord), ulIndex, true, pstInfo);
-    Np_Row_Trace(stTable.pstKey, pvKey, stWhere);
-    Np_Row_Trace(stTable.pstData, pvData, stWhere);
-    return NP_OK;
-}
-
-// The LAN table's info record has the same words.
-void Np_LanInfoCopy(const NpArlInfo &stInfo, NpLanMacInfo *pstInfo)
-{
-    *pstInfo = {stInfo.ulMacType, stInfo.ulVas, stInfo.ulKeyIndex};
+    return ulReturn;
 }
 
 }  // namespace
+
+constexpr NpExactTable g_stArlTable = Np_ExactOf({.stKey = g_stArlKeyRow,
+                                                  .stData = g_stArlDataRow,
+                                                  .stPlace = g_stArlIndexArgs,
+                                                  .ulEmlTable = NP_EML_MAC,
+                                                  .ulDataBits = NP_AD_BITS,
+                                                  .pstDel = &g_stMacDelTypeArgs,
+                                                  .pstInfo = &g_stArlInfoRow,
+                                                  .enLook = NP_LOOK_MUST,
+                                                  .pfnReplaced = Np_ArlReplaced});
+constexpr NpExactTable g_stLanMacTable = Np_ExactOf({.stKey = g_stLanMacKeyRow,
+                                                     .stData = g_stLanMacDataRow,
+                                                     .stPlace = g_stLanMacIndexArgs,
+                                                     .ulEmlTable = NP_EML_LAN_MAC,
+                                                     .ulDataBits = NP_AD_BITS,
+                                                     .pstDel = &g_stMacDelTypeArgs,
+                                                     .pstInfo = &g_stArlInfoRow,
+                                                     .enLook = NP_LOOK_MUST,
+                                                     .pfnReplaced = Np_LanMacReplaced});
 
 extern "C" {
 
@@ -379,12 +191,12 @@ uint32_t Np_Tarn_Arl_Destruct(uint32_t ulChipID)
 
 uint32_t Np_Tarn_Arl_ArlTblKeyBulid(uint32_t ulChipID, const NpArlKey *pstArlKey, void *pstItem)
 {
-    return Np_KeyBuild(&g_stArlKeyRow, ulChipID, pstArlKey, pstItem, Np_Here());
+    return Np_Exact_KeyBuild(&g_stArlTable, ulChipID, pstArlKey, pstItem);
 }
 
 uint32_t Np_Tarn_Arl_ArlTblAdBulid(uint32_t ulChipID, const NpArlData *pstArlData, void *pstItem)
 {
-    return Np_AdBuild(&g_stArlDataRow, ulChipID, pstArlData, pstItem, Np_Here());
+    return Np_Exact_DataBuild(&g_stArlTable, ulChipID, pstArlData, pstItem);
 }
 
 uint32_t Np_Tarn_Arl_ArlTblKeyParse(uint32_t ulChipID, const void *pstItem, NpArlKey *pstArlKey)
@@ -403,13 +215,13 @@ uint32_t Np_Tarn_Arl_ArlTblAdParse(uint32_t ulChipID, const void *pstItem, uint3
 uint32_t Np_Tarn_Arl_LanMacTblKeyBulid(uint32_t ulChipID, const NpLanMacKey *pstLanMacKey,
                                        void *pstItem)
 {
-    return Np_KeyBuild(&g_stLanMacKeyRow, ulChipID, pstLanMacKey, pstItem, Np_Here());
+    return Np_Exact_KeyBuild(&g_stLanMacTable, ulChipID, pstLanMacKey, pstItem);
 }
 
 uint32_t Np_Tarn_Arl_LanMacTblAdBulid(uint32_t ulChipID, const NpLanMacData *pstLanMacData,
                                       void *pstItem)
 {
-    return Np_AdBuild(&g_stLanMacDataRow, ulChipID, pstLanMacData, pstItem, Np_Here());
+    return Np_Exact_DataBuild(&g_stLanMacTable, ulChipID, pstLanMacData, pstItem);
 }
 
 uint32_t Np_Tarn_Arl_LanMacTblKeyParse(uint32_t ulChipID, const void *pstItem,
@@ -428,72 +240,60 @@ uint32_t Np_Tarn_Arl_LanMacTblAdParse(uint32_t ulChipID, const void *pstItem, ui
 uint32_t Np_Tarn_Arl_ArlTbl_Add(uint32_t ulChipID, const NpArlKey *pstArlKey,
                                 const NpArlData *pstArlData)
 {
-    return Np_MacAdd(g_stArl, ulChipID, pstArlKey, pstArlData);
+    return Np_Exact_Add(&g_stArlTable, ulChipID, pstArlKey, pstArlData);
 }
 
 uint32_t Np_Tarn_Arl_ArlTbl_Del(uint32_t ulChipID, uint32_t ulMacDelType, const NpArlKey *pstArlKey)
 {
-    return Np_MacDel(g_stArl, ulChipID, ulMacDelType, pstArlKey);
+    return Np_Exact_Del(&g_stArlTable, ulChipID, ulMacDelType, pstArlKey);
 }
 
 uint32_t Np_Tarn_Arl_ArlTbl_DelByIndex(uint32_t ulChipID, uint32_t ulIndex)
 {
-    return Np_MacDelByIndex(g_stArl, ulChipID, ulIndex);
+    return Np_Exact_DelByIndex(&g_stArlTable, ulChipID, &ulIndex);
 }
 
 uint32_t Np_Tarn_Arl_ArlTbl_Get(uint32_t ulChipID, const NpArlKey *pstArlKey, NpArlData *pstArlData,
                                 NpArlInfo *pstArlInfo)
 {
-    return Np_MacGet(g_stArl, ulChipID, pstArlKey, pstArlData, pstArlInfo);
+    return Np_MacGet(g_stArlTable, ulChipID, pstArlKey, pstArlData, pstArlInfo);
 }
 
 uint32_t Np_Tarn_Arl_ArlTbl_GetByIndex(uint32_t ulChipID, uint32_t ulIndex, NpArlKey *pstArlKey,
                                        NpArlData *pstArlData, NpArlInfo *pstArlInfo)
 {
-    return Np_MacGetByIndex(g_stArl, ulChipID, ulIndex, pstArlKey, pstArlData, pstArlInfo);
+    return Np_MacGetByIndex(g_stArlTable, ulChipID, ulIndex, pstArlKey, pstArlData, pstArlInfo);
 }
 
 uint32_t Np_Tarn_Arl_LanMacTbl_Add(uint32_t ulChipID, const NpLanMacKey *pstLanMacKey,
                                    const NpLanMacData *pstLanMacData)
 {
-    return Np_MacAdd(g_stLanMac, ulChipID, pstLanMacKey, pstLanMacData);
+    return Np_Exact_Add(&g_stLanMacTable, ulChipID, pstLanMacKey, pstLanMacData);
 }
 
 uint32_t Np_Tarn_Arl_LanMacTbl_Del(uint32_t ulChipID, uint32_t ulMacDelType,
                                    const NpLanMacKey *pstLanMacKey)
 {
-    return Np_MacDel(g_stLanMac, ulChipID, ulMacDelType, pstLanMacKey);
+    return Np_Exact_Del(&g_stLanMacTable, ulChipID, ulMacDelType, pstLanMacKey);
 }
 
 uint32_t Np_Tarn_Arl_LanMacTbl_DelByIndex(uint32_t ulChipID, uint32_t ulIndex)
 {
-    return Np_MacDelByIndex(g_stLanMac, ulChipID, ulIndex);
+    return Np_Exact_DelByIndex(&g_stLanMacTable, ulChipID, &ulIndex);
 }
 
 uint32_t Np_Tarn_Arl_LanMacTbl_Get(uint32_t ulChipID, const NpLanMacKey *pstLanMacKey,
                                    NpLanMacData *pstLanMacData, NpLanMacInfo *pstLanMacInfo)
 {
-    NpArlInfo stInfo;
-    const uint32_t ulReturn = Np_MacGet(g_stLanMac, ulChipID, pstLanMacKey, pstLanMacData,
-                                        pstLanMacInfo != nullptr ? &stInfo : nullptr);
-    if (ulReturn == NP_OK) {
-        Np_LanInfoCopy(stInfo, pstLanMacInfo);
-    }
-    return ulReturn;
+    return Np_MacGet(g_stLanMacTable, ulChipID, pstLanMacKey, pstLanMacData, pstLanMacInfo);
 }
 
 uint32_t Np_Tarn_Arl_LanMacTbl_GetByIndex(uint32_t ulChipID, uint32_t ulIndex,
                                           NpLanMacKey *pstLanMacKey, NpLanMacData *pstLanMacData,
                                           NpLanMacInfo *pstLanMacInfo)
 {
-    NpArlInfo stInfo;
-    const uint32_t ulReturn =
-        Np_MacGetByIndex(g_stLanMac, ulChipID, ulIndex, pstLanMacKey, pstLanMacData,
-                         pstLanMacInfo != nullptr ? &stInfo : nullptr);
-    if (ulReturn == NP_OK) {
-        Np_LanInfoCopy(stInfo, pstLanMacInfo);
-    }
-    return ulReturn;
+    return Np_MacGetByIndex(g_stLanMacTable, ulChipID, ulIndex, pstLanMacKey, pstLanMacData,
+                            pstLanMacInfo);
 }
 
 // ---- learning -----------------------------------------------------------------------------------
@@ -512,7 +312,7 @@ uint32_t Np_Tarn_ArlTbl_DynamicArlLrn(uint32_t ulChipID, const NpDynamicLrn *pst
     if (ulReturn == NP_OK) {
         ulReturn = Np_Row_Check(&g_stArlDataRow, ulChipID, pstData);
     }
-    NpItem stItem = {};
+    NpExactItem stItem = {};
     if (ulReturn == NP_OK) {
         ulReturn = Np_Tarn_Arl_ArlTblKeyBulid(ulChipID, pstKey, stItem.aulWord);
     }
@@ -546,7 +346,7 @@ uint32_t Np_Tarn_Arl_HashCrashRecord_Read(uint32_t ulChipID, NpArlKey *pstArlKey
     if (pstArlKey == nullptr || pstArlData == nullptr || pstArlInfo == nullptr) {
         return Np_NullRecord(Np_Here());
     }
-    NpItem stItem;
+    NpExactItem stItem;
     uint32_t ulReturn = Np_RegTableRead(ulChipID, NP_COLLISION_TABLE, 0, stItem.aulWord);
     if (ulReturn != NP_OK) {
         NP_TRACE(NP_M_ARL, NP_PRINT_ERROR, "Read error return:0x%08x  ID:0x%08x Offset:0x%08x\r\n",
@@ -564,7 +364,7 @@ uint32_t Np_Tarn_Arl_HashCrashRecord_Read(uint32_t ulChipID, NpArlKey *pstArlKey
     Np_InfoFill(ulStatus, 0, false, pstArlInfo);
     Np_Row_Trace(&g_stArlKeyRow, pstArlKey);
     Np_Row_Trace(&g_stArlDataRow, pstArlData);
-    const NpItem stNone = {};
+    const NpExactItem stNone = {};
     ulReturn = Np_RegTableWrite(ulChipID, NP_COLLISION_TABLE, 0, stNone.aulWord);
     if (ulReturn != NP_OK) {
         NP_TRACE(NP_M_ARL, NP_PRINT_ERROR, "Write error return:0x%08x ID:0x%08x Offset:0x%08x\r\n",

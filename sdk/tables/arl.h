@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ldsdk/arl.h"
+#include "sdk/record/exacttable.h"
 #include "sdk/record/table.h"
 
 extern const NpRow g_stArlKeyRow;
@@ -17,7 +18,11 @@ extern const NpRow g_stArlIndexArgs;     // place in the MAC table
 extern const NpRow g_stLanMacIndexArgs;  // place in the LAN MAC table
 extern const NpRow g_stLearnStateArgs;   // row of the learn state
 extern const NpRow g_stMacDelTypeArgs;   // which entries a delete is for
+extern const NpRow g_stArlInfoRow;       // where an entry stands and what it is, in both tables
 extern const NpRow g_stAgeModeArgs;
+
+extern const NpExactTable g_stArlTable;
+extern const NpExactTable g_stLanMacTable;
 
 extern const NpTable g_stVmacOffsetTable;
 extern const NpTable g_stPortMacLimitTable;

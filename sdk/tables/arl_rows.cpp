@@ -212,6 +212,17 @@ constexpr NpField g_astField[] = {NP_F(ulMacDelType, .stWords = g_astWords)};
 constexpr NpCheck g_astCheck[] = {NP_C(ulMacDelType, Np_Most(2))};
 }  // namespace del_type
 
+namespace info {
+using R = NpArlInfo;
+constexpr auto g_astTypeWords = Np_Words("static", "dynamic", "none");
+constexpr NpField g_astField[] = {
+    NP_F(ulMacType, .stWords = g_astTypeWords),
+    NP_F(ulVas),
+    NP_F(ulKeyIndex),
+};
+static_assert(sizeof(NpLanMacInfo) == sizeof(R));
+}  // namespace info
+
 namespace age_mode {
 struct R {
     uint32_t ulAgeMode;
@@ -326,6 +337,8 @@ constexpr NpRow g_stLanMacDataRow = Np_RowMake<NpLanMacData>(
      .usImageSize = 16,
      .pstStraight = NP_STRAIGHT(lan_data::g_astField, lan_data::g_astCheck)},
     lan_data::g_astField, lan_data::g_astCheck);
+constexpr NpRow g_stArlInfoRow =
+    Np_RowMake<NpArlInfo>({.ucModule = NP_M_ARL}, info::g_astField, {});
 constexpr NpRow g_stArlAgeModeKeyRow =
     Np_RowMake<NpArlAgeModeKey>({.ucModule = NP_M_ARL, .pszArg = "pstArlAgeModeKey"},
                                 age_mode_key::g_astField, age_mode_key::g_astCheck);

@@ -9,6 +9,8 @@
 //       how the set command reads (NP_FORM_SET or NP_FORM_LARGE)
 //   NP_PRI_ROW(table, get, set, del, get handler, set handler, del handler)
 //       a priority CAM table
+//   NP_EXACT_ROW(table, add, get, del, get by index, del by index, and their five handlers)
+//       an exact-match table
 //   NP_ENTRY_ROW(key, data, get, set, get handler, set handler)
 //       entries that are there or not, or words that stand for a row: pointers to the rows that
 //       describe them, the key null where there is one entry; NP_FORM_ENTRY
@@ -37,6 +39,9 @@
 #endif
 #ifndef NP_PRI_ROW
 #define NP_PRI_ROW(stTable, pfnGet, pfnSet, pfnDel, pfnGetHandler, pfnSetHandler, pfnDelHandler)
+#endif
+#ifndef NP_EXACT_ROW
+#define NP_EXACT_ROW(stTable, pfnAdd, pfnGet, pfnDel, pfnGetByIndex, pfnDelByIndex, pfnAddHandler, pfnGetHandler, pfnDelHandler, pfnGetByIndexHandler, pfnDelByIndexHandler)
 #endif
 #ifndef NP_ENTRY_ROW
 #define NP_ENTRY_ROW(pstKey, pstData, pfnGet, pfnSet, pfnGetHandler, pfnSetHandler)
@@ -111,6 +116,9 @@ NP_PRI_ROW(g_stMultiServiceTable, Np_MultiServiceTbl_Get, Np_MultiServiceTbl_Set
 NP_PRI_ROW(g_stL2paTable, Np_L2paTbl_Get, Np_L2paTbl_Set, Np_L2paTbl_Del, Np_SMD_L2pa_Get, Np_SMD_L2pa_Set, Np_SMD_L2pa_Del)
 NP_PRI_ROW(g_stL3paTable, Np_L3paTbl_Get, Np_L3paTbl_Set, Np_L3paTbl_Del, Np_SMD_L3pa_Get, Np_SMD_L3pa_Set, Np_SMD_L3pa_Del)
 
+NP_EXACT_ROW(g_stArlTable, Np_ArlTbl_Add, Np_ArlTbl_Get, Np_ArlTbl_Del, Np_ArlTbl_GetByIndex, Np_ArlTbl_DelByIndex, Np_SMD_ARL_ArlTbl_Add, Np_SMD_ARL_ArlTbl_Get, Np_SMD_ARL_ArlTbl_Del, Np_SMD_ARL_ArlTbl_GetByIndex, Np_SMD_ARL_ArlTbl_DelByIndex)
+NP_EXACT_ROW(g_stLanMacTable, Np_LanMacTbl_Add, Np_LanMacTbl_Get, Np_LanMacTbl_Del, Np_LanMacTbl_GetByIndex, Np_LanMacTbl_DelByIndex, Np_SMD_ARL_LanMacTbl_Add, Np_SMD_ARL_LanMacTbl_Get, Np_SMD_ARL_LanMacTbl_Del, Np_SMD_ARL_LanMacTbl_GetByIndex, Np_SMD_ARL_LanMacTbl_DelByIndex)
+
 NP_ENTRY_ROW(&g_stHaSmacKey, &g_stHaSmacRow, Np_SmacFilterTbl_Get, Np_SmacFilterTbl_Set, Np_SMD_SmacFilterTbl_Get, Np_SMD_SmacFilterTbl_Set)
 NP_ENTRY_DEL(&g_stHaSmacKey, Np_SmacFilterTbl_Del, Np_SMD_SmacFilterTbl_Del)
 NP_ENTRY_ROW(&g_stHaDmacKey, &g_stHaDmacRow, Np_DmacFilterTbl_Get, Np_DmacFilterTbl_Set, Np_SMD_DmacFilterTbl_Get, Np_SMD_DmacFilterTbl_Set)
@@ -164,6 +172,7 @@ NP_LOOSE_ROW(g_stDmacRow)
 
 #undef NP_TABLE_ROW
 #undef NP_PRI_ROW
+#undef NP_EXACT_ROW
 #undef NP_ENTRY_ROW
 #undef NP_ENTRY_DEL
 #undef NP_LOOSE_ROW
