@@ -7,11 +7,40 @@
 
 NP_EXTERN_C_BEGIN
 
-typedef struct NpIpBonding NpIpBonding;
-typedef struct Np1xSmac Np1xSmac;
-typedef struct NpMacFilterKey NpMacFilterKey;
-typedef struct NpPortDos NpPortDos;
 typedef struct NpCmDos NpCmDos;
+
+/* Addresses of a flow or a bundle: one IPv4 address, or the first 64 bits of an IPv6 address, words
+   0 and 1, under their mask, whose 1 bits count. */
+typedef struct NpIpBonding {
+    union {
+        uint32_t ulIpv4;
+        uint32_t aulIpv6[4]; /* first group of the address in the high half of word 0 */
+    } unIp;
+    uint32_t ulIpv6Mask[4];
+} NpIpBonding;
+
+typedef struct Np1xSmac {
+    uint8_t aucMacAddr[6];
+} Np1xSmac;
+
+/* A port, as an NpPortID, and a MAC that is filtered there. */
+typedef struct NpMacFilterKey {
+    uint32_t ulPortType;
+    uint32_t ulPortID;
+    uint32_t ulSubPortID;
+    uint32_t ulPri;
+    uint32_t ulAD; /* 4 bits, as the microcode takes them */
+    uint8_t aucMacAddr[6];
+} NpMacFilterKey;
+
+typedef struct NpPortDos {
+    uint32_t ulThread;     /* 0 to 0x1ff */
+    uint32_t ulValid;      /* 0, 1; 0 clears the port's counter */
+    uint32_t ulEnable;     /* 0, 1 */
+    uint32_t ulForceToCpu; /* 0, 1 */
+    uint32_t ulAtk;        /* 0, 1 */
+    uint32_t ulTimer;      /* seconds, 0 to 838; one for the chip, 0 stops the check */
+} NpPortDos;
 
 /* Addresses bound to a flow, ulFlowID 0 to 0x1ff. ulIpType 0 IPv4, 1 IPv6 (its first 64 bits
    and their mask). Set adds one; NP_OK when it is there already, NP_ERR_TABLE_FULL when the

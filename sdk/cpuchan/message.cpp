@@ -83,6 +83,15 @@ constexpr NpField g_astField[] = {NP_MSG_HEAD, NP_F(period, .stAt = {8, 31, 24},
 namespace anti_dos {
 using R = NpMsgAntiDosInfo;
 constexpr NpField g_astField[] = {NP_MSG_HEAD, NP_F(ack, .stAt = {0, 23, 23}, .bCut = true)};
+constexpr NpField g_astArgs[] = {NP_F(period), NP_F(startsessionid), NP_F(endsessionid),
+                                 NP_F(interval), NP_F(ack)};
+constexpr NpCheck g_astCheck[] = {
+    NP_C(period, Np_Most(INT32_MAX)),
+    NP_C(startsessionid, Np_Most(0xffff)),
+    NP_C(endsessionid, Np_Most(0xffff)),
+    NP_C(interval, Np_Most(0xff)),
+    NP_C(ack, Np_Most(1)),
+};
 }  // namespace anti_dos
 
 #undef NP_MSG_HEAD
@@ -293,6 +302,8 @@ constexpr NpRow g_stNpForceAgeMsgRow =
                             .usImageSize = NP_MSG_HEAD_SIZE + 8,
                             .pstStraight = NP_STRAIGHT(age::g_astForceField, age::g_astForceCheck)},
                            age::g_astForceField, age::g_astForceCheck);
+constexpr NpRow g_stNpAntiDosMsgArgs = Np_RowMake<NpMsgAntiDosInfo>(
+    {.ucModule = NP_M_SECU}, anti_dos::g_astArgs, anti_dos::g_astCheck);
 
 uint32_t Np_Tarn_CputrMsg_NormalAgeInfoBuild(uint32_t, const NpNormalAge *pstNormalAge,
                                              ArlAgeInfo *pstArlAgeInfo)
@@ -388,6 +399,13 @@ uint32_t Np_Tarn_CputrMsg_DynamicArlLrnInfoSet(uint32_t ulChipID, uint8_t *pucIt
     return Np_MsgResult(Qd_CPUTR_PacketSend(ulChipID, &stFrame.stPkt));
 }
 
+void Np_MsgAntiDosInfoBuild(uint32_t ulAntiDosTime, NpMsgAntiDosInfo *pstInfo)
+{
+    Np_MsgInfoStart(pstInfo, NP_MSG_ANTI_DOS, 0);
+    pstInfo->period = NP_ANTI_DOS_TICKS * ulAntiDosTime;
+    pstInfo->endsessionid = Np_GLB_CapGet(NP_CAP_USER_ID_MAX);
+}
+
 uint32_t Np_Tarn_CputrMsg_AntiDosRefresh(uint32_t ulChipID, uint32_t ulAntiDosTime)
 {
     if (ulAntiDosTime >= NP_ANTI_DOS_TIME_NUM) {
@@ -396,9 +414,7 @@ uint32_t Np_Tarn_CputrMsg_AntiDosRefresh(uint32_t ulChipID, uint32_t ulAntiDosTi
         return NP_ERR_PARAM;
     }
     NpMsgAntiDosInfo stInfo;
-    Np_MsgInfoStart(&stInfo, NP_MSG_ANTI_DOS, 0);
-    stInfo.period = NP_ANTI_DOS_TICKS * ulAntiDosTime;
-    stInfo.endsessionid = Np_GLB_CapGet(NP_CAP_USER_ID_MAX);
+    Np_MsgAntiDosInfoBuild(ulAntiDosTime, &stInfo);
     return Np_Tarn_CputrMsg_AntiDosInfoSet(ulChipID, &stInfo);
 }
 

@@ -89,6 +89,8 @@ struct NpMsgAntiDosInfo {
 // messages are the MAC family's; all others are hidden.
 extern const NpRow g_stNpNormalAgeMsgRow;
 extern const NpRow g_stNpForceAgeMsgRow;
+// What a command may set of the anti-DoS message.
+extern const NpRow g_stNpAntiDosMsgArgs;
 
 extern "C" {
 
@@ -123,6 +125,8 @@ uint32_t Np_Tarn_CputrMsg_ForceAgeInfoSet(uint32_t ulChipID, const ArlAgeInfo *p
 uint32_t Np_Tarn_CputrMsg_DynamicArlLrnInfoSet(uint32_t ulChipID, uint8_t *pucItem);
 // ulAntiDosTime: seconds, 0 to 838; 0 stops.
 uint32_t Np_Tarn_CputrMsg_AntiDosRefresh(uint32_t ulChipID, uint32_t ulAntiDosTime);
+// The message of such a time, without a check of it.
+void Np_MsgAntiDosInfoBuild(uint32_t ulAntiDosTime, NpMsgAntiDosInfo *pstInfo);
 uint32_t Np_Tarn_CputrMsg_AntiDosInfoSet(uint32_t ulChipID, const NpMsgAntiDosInfo *pstInfo);
 // The period, 1 to 7, is the caller's to check before Build.
 uint32_t Np_Tarn_CputrMsg_OamTxTimedMsgInfoBuild(uint32_t ulChipID,

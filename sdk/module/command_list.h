@@ -15,6 +15,7 @@
 #include "sdk/module/smd_rows.h"
 #include "sdk/tables/arl.h"
 #include "sdk/tables/gmt.h"
+#include "sdk/tables/ipbonding.h"
 #include "sdk/tables/l2.h"
 #include "sdk/tables/pa.h"
 #include "sdk/tables/port.h"
@@ -44,6 +45,22 @@ NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_ForceAge_Para, NP_FORM_SET, &g_stForceAgeRow, &
 NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_ForceAgeBurst, NP_FORM_PAIRS, nullptr, &g_stForceAgeRow)
 NP_COMMAND_ROW(Np_SMD_ARL_ArlTbl_AgeMode_Set, NP_FORM_PAIRS, &g_stArlAgeModeKeyRow, &g_stAgeModeArgs)
 NP_COMMAND_ROW(Np_SMD_ARL_UVMacInfo_Get, NP_FORM_GET, &g_stUvmacInfoKeyRow, nullptr)
+NP_COMMAND_ROW(Np_SMD_AntiDos_Para, NP_FORM_SET, &g_stAntiDosArgs, &g_stNpAntiDosMsgArgs)
+NP_ROW_COMMAND(Np_SMD_CmDosTbl_Set, NP_FORM_SET, &g_stDosKeyRow, &g_stDosRow, Np_CmDosTbl_Get, Np_CmDosTbl_Set)
+NP_ROW_COMMAND(Np_SMD_CmDosTbl_Get, NP_FORM_GET, &g_stDosKeyRow, &g_stDosRow, Np_CmDosTbl_Get, Np_CmDosTbl_Set)
+NP_COMMAND_ROW(Np_SMD_Ipbonding_Init, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_Ipbonding_Destruct, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(NP_SMD_Ipbonding_Dump, NP_FORM_PAIRS, nullptr, nullptr)
+NP_COMMAND_ROW(Np_SMD_IpFlow_Set, NP_FORM_PAIRS, nullptr, &g_stIpFlowArgs)
+NP_COMMAND_ROW(Np_SMD_IpFlow_Get, NP_FORM_GET, &g_stIpFlowKeyArgs, nullptr)
+NP_COMMAND_ROW(Np_SMD_IpFlow_Del, NP_FORM_PAIRS, nullptr, &g_stIpFlowDelArgs)
+NP_COMMAND_ROW(Np_SMD_IpFlowBundle_Set, NP_FORM_PAIRS, nullptr, &g_stIpBundleArgs)
+NP_COMMAND_ROW(Np_SMD_IpFlowBundle_Get, NP_FORM_GET, &g_stIpBundleKeyArgs, nullptr)
+NP_COMMAND_ROW(Np_SMD_IpFlowBundle_Del, NP_FORM_PAIRS, nullptr, &g_stIpBundleDelArgs)
+NP_COMMAND_ROW(Np_SMD_CmIpBonding_Set, NP_FORM_PAIRS, nullptr, &g_stIpCmArgs)
+NP_COMMAND_ROW(Np_SMD_CmIpBonding_Get, NP_FORM_GET, &g_stIpCmKeyArgs, nullptr)
+NP_COMMAND_ROW(Np_SMD_CmIpBonding_Del, NP_FORM_PAIRS, nullptr, &g_stIpCmDelArgs)
+NP_COMMAND_ROW(NP_SMD_CmIpbonding_Dump, NP_FORM_PAIRS, nullptr, nullptr)
 NP_COMMAND_ROW(Np_SMD_UvtTblStaticFlag_Set, NP_FORM_PAIRS, nullptr, &g_stUvtStaticArgs)
 NP_COMMAND_ROW(Np_SMD_DFX_Mac_DelAll, NP_FORM_PAIRS, nullptr, nullptr)
 NP_COMMAND_ROW(Np_SMD_DFX_Mac_DisplayValid, NP_FORM_PAIRS, nullptr, nullptr)

@@ -54,7 +54,9 @@ uint32_t Np_EntryGet(const NpRowCommand *pstCommand, NpExactEntry &stEntry, NpEx
 {
     const uint32_t ulReturn = pstCommand->stCall.pfnCall(g_ulNpCurrentChipID, stArgs.apvArg);
     if (ulReturn == NP_OK) {
-        Np_EntryPrint(pstCommand->pstExact, stEntry, ulPlaceNum != 0,
+        NpSmdParam stParam;  // an entry without data is its key
+        const bool bNoData = Np_SMD_RowParam(pstCommand->pstExact->pstData, 0, &stParam) != 0;
+        Np_EntryPrint(pstCommand->pstExact, stEntry, ulPlaceNum != 0 || bNoData,
                       pstCommand->stCall.ulArgNum == ulPlaceNum + 3);
     }
     return Np_SMD_Report(ulReturn);

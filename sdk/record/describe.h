@@ -977,12 +977,12 @@ struct NpName {
 };
 
 // The same with a name and a limit of its own: messages call it by its name, commands "index".
-template <uint8_t ucModule, NpName stName, NpLimit stLimit>
+template <uint8_t ucModule, NpName stName, NpLimit stLimit, bool bBare = false>
 struct NpNamedKey {
     static constexpr NpField g_astField[] = {
         Np_FieldMake<uint32_t>(stName.acText, 0, sizeof(uint32_t), 0, {.pszKey = "index"})};
     static constexpr NpCheck g_astCheck[] = {
         Np_CheckMake<uint32_t>(stName.acText, 0, sizeof(uint32_t), 0, stLimit, {})};
     static constexpr NpRow g_stRow =
-        Np_RowMake<NpIndexArg>({.ucModule = ucModule}, g_astField, g_astCheck);
+        Np_RowMake<NpIndexArg>({.ucModule = ucModule, .bBare = bBare}, g_astField, g_astCheck);
 };

@@ -74,8 +74,9 @@ struct NpCoding {
     bool bOneWay;  // decoding does not give back what was encoded
 };
 
-// NpPortID by phy id.
+// NpPortID by phy id; and in a row that has eight bits for it: a greater one is NP_ERR_PARAM.
 extern const NpCoding g_stNpPortCoding;
+extern const NpCoding g_stNpBytePortCoding;
 
 // What a bad value prints.
 enum NpSay : uint8_t {

@@ -527,6 +527,12 @@ uint32_t Np_PortEncode(uint32_t ulChipID, const void *pvField, uint32_t *pulStor
     return Np_PortID2PhyID(ulChipID, &stPort, pulStored);
 }
 
+uint32_t Np_BytePortEncode(uint32_t ulChipID, const void *pvField, uint32_t *pulStored)
+{
+    const uint32_t ulReturn = Np_PortEncode(ulChipID, pvField, pulStored);
+    return ulReturn == NP_OK && *pulStored > 0xff ? NP_ERR_PARAM : ulReturn;
+}
+
 // Writes a port only if there is one.
 uint32_t Np_PortDecode(uint32_t ulChipID, uint32_t ulStored, void *pvField)
 {
@@ -556,6 +562,13 @@ uint32_t Np_TraceField(const NpField *pstField, const void *pvRecord, char *pszT
 
 constexpr NpCoding g_stNpPortCoding = {
     Np_PortEncode,
+    Np_PortDecode,
+    "phy ID calculate failed! ulReturn=0x%08x\r\n",
+    "ingress phyid to portid calculate failed! ulReturn=0x%08x\r\n",
+    false,
+};
+constexpr NpCoding g_stNpBytePortCoding = {
+    Np_BytePortEncode,
     Np_PortDecode,
     "phy ID calculate failed! ulReturn=0x%08x\r\n",
     "ingress phyid to portid calculate failed! ulReturn=0x%08x\r\n",

@@ -22,6 +22,7 @@
 #include "sdk/tables/glb.h"
 #include "sdk/tables/gmt.h"
 #include "sdk/tables/ha.h"
+#include "sdk/tables/ipbonding.h"
 #include "sdk/tables/l2.h"
 #include "sdk/tables/mc.h"
 #include "sdk/tables/multiservice.h"
@@ -112,13 +113,16 @@ NP_TABLE_ROW(g_stGlobalTable, Np_GlobalTbl_Get, Np_GlobalTbl_Set, Np_SMD_GLB_Glo
 NP_TABLE_ROW(g_stDyingGaspTable, Np_DyingGaspTbl_Get, Np_DyingGaspTbl_Set, Np_SMD_GLB_DyingGaspTblGet, Np_SMD_GLB_DyingGaspTblSet, NP_FORM_SET)
 NP_TABLE_ROW(g_stDyingGaspSmacTable, Np_DyingGaspSmacTbl_Get, Np_DyingGaspSmacTbl_Set, Np_SMD_GLB_DyingGaspSmacTblGet, Np_SMD_GLB_DyingGaspSmacTblSet, NP_FORM_SET)
 NP_TABLE_ROW(g_stXdTxEthPadTable, Np_XdTxEthPadLen_Get, Np_XdTxEthPadLen_Set, Np_SMD_GLB_XdTxEthPadLenGet, Np_SMD_GLB_XdTxEthPadLenSet, NP_FORM_SET)
+NP_TABLE_ROW(g_stPortDosTable, Np_PortDosTbl_Get, Np_PortDosTbl_Set, Np_SMD_PortDosTbl_Get, Np_SMD_PortDosTbl_Set, NP_FORM_SET)
 NP_PRI_ROW(g_stMultiServiceTable, Np_MultiServiceTbl_Get, Np_MultiServiceTbl_Set, Np_MultiServiceTbl_Del, NP_SMD_L2_MultiServiceTbl_Get, NP_SMD_L2_MultiServiceTbl_Set, Np_SMD_L2_MultiServiceTbl_Del)
 NP_PRI_ROW(g_stL2paTable, Np_L2paTbl_Get, Np_L2paTbl_Set, Np_L2paTbl_Del, Np_SMD_L2pa_Get, Np_SMD_L2pa_Set, Np_SMD_L2pa_Del)
 NP_PRI_ROW(g_stL3paTable, Np_L3paTbl_Get, Np_L3paTbl_Set, Np_L3paTbl_Del, Np_SMD_L3pa_Get, Np_SMD_L3pa_Set, Np_SMD_L3pa_Del)
 
 NP_EXACT_ROW(g_stArlTable, Np_ArlTbl_Add, Np_ArlTbl_Get, Np_ArlTbl_Del, Np_ArlTbl_GetByIndex, Np_ArlTbl_DelByIndex, Np_SMD_ARL_ArlTbl_Add, Np_SMD_ARL_ArlTbl_Get, Np_SMD_ARL_ArlTbl_Del, Np_SMD_ARL_ArlTbl_GetByIndex, Np_SMD_ARL_ArlTbl_DelByIndex)
 NP_EXACT_ROW(g_stLanMacTable, Np_LanMacTbl_Add, Np_LanMacTbl_Get, Np_LanMacTbl_Del, Np_LanMacTbl_GetByIndex, Np_LanMacTbl_DelByIndex, Np_SMD_ARL_LanMacTbl_Add, Np_SMD_ARL_LanMacTbl_Get, Np_SMD_ARL_LanMacTbl_Del, Np_SMD_ARL_LanMacTbl_GetByIndex, Np_SMD_ARL_LanMacTbl_DelByIndex)
+NP_EXACT_ROW(g_st1xSmacTable, Np_1xSmac_Set, Np_1xSmac_Get, Np_1xSmac_Del, Np_1xSmac_GetByIndex, Np_Tarn_1xSmacBondingTbl_DelByIndex, Np_SMD_1xSmac_Set, Np_SMD_1xSmac_Get, Np_SMD_1xSmac_Del, Np_SMD_1xSmac_GetByIndex, Np_SMD_1xSmac_DelByIndex)
 
+NP_ENTRY_ROW(&g_stMacFilterKeyRow, &g_stMacFilterDataRow, Np_MacFilterEntry_Get, Np_MacFilterEntry_Set, Np_SMD_MacFilterTbl_Get, Np_SMD_MacFilterTbl_Set)
 NP_ENTRY_ROW(&g_stHaSmacKey, &g_stHaSmacRow, Np_SmacFilterTbl_Get, Np_SmacFilterTbl_Set, Np_SMD_SmacFilterTbl_Get, Np_SMD_SmacFilterTbl_Set)
 NP_ENTRY_DEL(&g_stHaSmacKey, Np_SmacFilterTbl_Del, Np_SMD_SmacFilterTbl_Del)
 NP_ENTRY_ROW(&g_stHaDmacKey, &g_stHaDmacRow, Np_DmacFilterTbl_Get, Np_DmacFilterTbl_Set, Np_SMD_DmacFilterTbl_Get, Np_SMD_DmacFilterTbl_Set)
@@ -156,6 +160,13 @@ NP_LOOSE_ROW(g_stArlKeyRow)
 NP_LOOSE_ROW(g_stArlDataRow)
 NP_LOOSE_ROW(g_stLanMacKeyRow)
 NP_LOOSE_ROW(g_stLanMacDataRow)
+NP_LOOSE_ROW(g_st1xSmacKeyRow)
+NP_LOOSE_ROW(g_st1xSmacDataRow)
+NP_LOOSE_ROW(g_st1xSmacWideRow)
+NP_LOOSE_ROW(g_stMacFilterKeyRow)
+NP_LOOSE_ROW(g_stIp4KeyRow)
+NP_LOOSE_ROW(g_stIp4DataRow)
+NP_LOOSE_ROW(g_stIp6Row)
 NP_LOOSE_ROW(g_stHaMultiSmacRow)
 NP_LOOSE_ROW(g_stGmtKeyRow)
 NP_LOOSE_ROW(g_stGmtDataRow)

@@ -175,7 +175,9 @@ constexpr NpCliHandler kAbsent[] = {
     Np_SMD_L2_SmacPoolTbl_Get,     Np_SMD_AtmEncapTbl_Set,        Np_SMD_AtmEncapTbl_Get,
     Np_SMD_AtmEncapTblPvcItem_Set, Np_SMD_AtmEncapTblPvcItem_Get, Np_SMD_CesopMapTbl_Add,
     Np_SMD_CesopMapTbl_Get,        Np_SMD_CesopMapTbl_Del,        Np_SMD_IpUdpEncapInfoTbl_Set,
-    Np_SMD_IpUdpEncapInfoTbl_Get,  Np_SMD_Stat_QueueTbl_Set,      Np_SMD_Stat_QueueTbl_Get,
+    Np_SMD_IpUdpEncapInfoTbl_Get,  Np_SMD_Stat_QueueTbl_Set,      Np_SMD_CmDosTbl_Set,
+    Np_SMD_CmDosTbl_Get,           Np_SMD_CmIpBonding_Set,        Np_SMD_CmIpBonding_Get,
+    Np_SMD_CmIpBonding_Del,        NP_SMD_CmIpbonding_Dump,       Np_SMD_Stat_QueueTbl_Get,
     Np_SMD_Stat_PriTbl_Set,        Np_SMD_Stat_PriTbl_Get,
 };
 constexpr char kRule[] =
@@ -204,6 +206,11 @@ const Need *need_of(NpCliHandler handler)
         {Np_SMD_ARL_LanMacTbl_Get,
          {"micro arl lanmactbl set ulSvlanID 1 aucMacAddr 00-11-22-33-44-55 ulL2encId 1"}},
         {Np_SMD_AoePktHaInfo_Set, {}, nullptr, "this family has no such rule"},
+        {Np_SMD_1xSmac_Get,
+         {"micro 1xsmac set port ge portid 1 subportid 0 aucMacAddr 00-11-22-33-44-55"}},
+        {Np_SMD_IpFlow_Get, {"micro ipbonding ipflow set ulIpType ipv4 index 1 ulIpv4 192.0.2.1"}},
+        {Np_SMD_IpFlowBundle_Get,
+         {"micro ipbonding ipflowbundle set ulIpType ipv4 index 1 ulIpv4 192.0.2.1"}},
         {NP_SMD_L2_MultiServiceTbl_Set, {}, kRule},
         {NP_SMD_L2_MultiServiceTbl_Get, {kRule}},
         {NP_SMD_Pri_Init, {}, "micro l2 pri_init prinum 3 30 30 40"},

@@ -180,6 +180,8 @@ inline constexpr uint32_t NP_CAP_NUM = 361;
     X(284, UVT_BASE, 0x6020e000u, "UV table base") \
     X(285, DOT1X_SMAC_ROWS, 0x100u, "1x source MAC rows") \
     X(287, IP_FLOW_BLOCK, 0x80u, "IP flow table rows") \
+    X(289, DOS_TIMER_MAX, 838u, "highest anti-DoS time, seconds") \
+    X(290, DOS_THREAD_MAX, 0x1ffu, "highest anti-DoS limit") \
     X(292, IP_FLOW_MAX, 0x1ffu, "highest IP flow") \
     X(293, IP_FLOW_NUM, 0x200u, "IP flows") \
     X(294, STAT_FLOW_ROWS, 0x400u, "flow statistics rows") \
