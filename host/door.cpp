@@ -5,6 +5,7 @@
 #include "host/image.h"
 #include "platform/bus.h"
 #include "platform/host/host_os.h"
+#include "sdk/frame/registry.h"
 #include "sdk/module/cli/cli.h"
 
 #include <atomic>
@@ -86,6 +87,15 @@ void load_module()
 }
 
 }  // namespace
+
+uint32_t ldsdk_family_option(const char *name, uint32_t value)
+{
+    const Entry entry;
+    if (!entry.in()) {
+        return LDSDK_HOST_BUSY;
+    }
+    return name == nullptr ? LDSDK_HOST_NULL : Np_FamilyOptionSet(name, value);
+}
 
 uint32_t ldsdk_model_attach(uint32_t chip)
 {

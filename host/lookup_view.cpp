@@ -40,8 +40,9 @@ constexpr std::array<const char *, NP_EML_TABLE_NUM> kEmlNames = {
     "LAN_MAC",
 };
 
-constexpr std::array<const char *, NP_LCAM_TABLE_NUM> kLcamNames = {
-    "IFT_KEY", "L2PA", "L3PA", "IPV6FILTER", "FLEE_BUCKET", "TPID", nullptr, "LM_FLEE", "GMT",
+constexpr std::array<const char *, NP_LCAM_ADDR_NUM> kLcamNames = {
+    "IFT_KEY", "L2PA",    "L3PA", "IPV6FILTER", "FLEE_BUCKET", "TPID",
+    nullptr,   "LM_FLEE", "GMT",  "ACL_RULE1",  "ACL_RULE2",
 };
 
 constexpr uint32_t kDrawnBuckets = 64;  // most buckets that are drawn item by item
@@ -116,12 +117,12 @@ const NpEmlConfig &eml_config(uint32_t chip, uint32_t table)
 
 const NpLcamConfig &lcam_config(uint32_t chip, uint32_t table)
 {
-    if (table >= NP_LCAM_TABLE_NUM) {
-        throw std::invalid_argument("local CAM tables are numbered 0 to " +
-                                    std::to_string(NP_LCAM_TABLE_NUM - 1));
-    }
     if (chip >= NP_CHIP_NUM || g_stNpChipAddr[chip].ulRegistered == 0) {
         throw std::runtime_error("chip " + std::to_string(chip) + " is not registered");
+    }
+    if (table >= g_aulNpLcamTableNum[chip]) {
+        throw std::invalid_argument("local CAM tables are numbered 0 to " +
+                                    std::to_string(g_aulNpLcamTableNum[chip] - 1));
     }
     const NpLcamConfig &config = g_stNpLcamConfig[chip][table];
     if (config.ulEntryNum == 0) {

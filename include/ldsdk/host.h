@@ -25,6 +25,11 @@ NP_EXTERN_C_BEGIN
 #define LDSDK_HOST_BUSY 5u
 #define LDSDK_HOST_MEMORY 6u
 
+/* Turns an option of the chip family on, value 1, or off, 0, before a chip is brought up: "acl"
+   gives the CAM rows for access rules. LDSDK_HOST_NULL, LDSDK_HOST_BUSY; NP_ERR_PARAM for a name or
+   a value that is none, NP_ERR_FAIL once a chip is up. Nothing changes then. */
+NP_API uint32_t ldsdk_family_option(const char *name, uint32_t value);
+
 /* A powered-on chip behind the driver interface: chip 0 as the master behind the mapped windows,
    1 to 3 as slaves on the indirect bus. Again: the chip is power-cycled, all its memory 0. */
 NP_API uint32_t ldsdk_model_attach(uint32_t chip);

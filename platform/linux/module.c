@@ -4,10 +4,38 @@
 #include <linux/export.h>
 #include <linux/init.h>
 #include <linux/module.h>
+#include <linux/string.h>
+
+static char *option = "";
+module_param(option, charp, 0444);
+MODULE_PARM_DESC(option, "options of the chip family, with commas between them: acl");
+
+/* Each name up to a comma or the end. */
+static int options_set(const char *list)
+{
+	char name[16];
+
+	while (*list != '\0') {
+		size_t length = strcspn(list, ",");
+
+		if (length >= sizeof(name))
+			return -EINVAL;
+		memcpy(name, list, length);
+		name[length] = '\0';
+		if (Np_FamilyOptionSet(name, 1) != 0) {
+			pr_err("ldsdk: no such option: %s\n", name);
+			return -EINVAL;
+		}
+		list += length + (list[length] == ',');
+	}
+	return 0;
+}
 
 static int __init ldsdk_init(void)
 {
-    return Np_ModuleInit();
+	int result = options_set(option);
+
+	return result != 0 ? result : Np_ModuleInit();
 }
 
 static void __exit ldsdk_exit(void)

@@ -11,6 +11,8 @@ NP_EXTERN_C_BEGIN
 /* Load and unload of the SDK (sdk/module). */
 int Np_ModuleInit(void);
 int Np_ModuleExit(void);
+/* 0, or a code: no such option. */
+uint32_t Np_FamilyOptionSet(const char *pszName, uint32_t ulValue);
 
 /* Gives back what the services hold, and reports blocks of memory that nobody gave back. */
 void Os_LinuxEnd(void);

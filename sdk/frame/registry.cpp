@@ -8,8 +8,12 @@
 #include "sdk/frame/base/service.h"
 #include "sdk/frame/base/text.h"
 #include "sdk/frame/base/trace.h"
+#include "sdk/frame/bringup.h"
 #include "sdk/lookup/eml.h"
 #include "sdk/lookup/lcam.h"
+#include "sdk/tables/acl.h"
+
+constinit uint32_t g_aulNpFamilyOption[NP_OPTION_NUM] = {};
 
 namespace {
 
@@ -40,13 +44,64 @@ uint32_t Np_AllRecordsClear(void)
     return NP_OK;
 }
 
+// What an option chooses between, by its value.
+struct NpAclVariant {
+    const NpLcamConfig *pstLcam;
+    uint32_t ulLcamNum;
+    uint32_t (*pfnStart)(uint32_t ulChipID);
+};
+
+uint32_t Np_NoStart(uint32_t)
+{
+    return NP_OK;
+}
+
+constexpr NpAclVariant g_astAclVariant[] = {
+    {g_stNpLcamConfig_TarnB, NP_LCAM_TABLE_NUM, Np_NoStart},
+    {g_stNpLcamConfig_TarnBAcl, NP_LCAM_ADDR_NUM, Np_Tarn_Acl_Init},
+};
+
+constexpr const char *g_apszOption[NP_OPTION_NUM] = {"acl"};
+
 }  // namespace
+
+uint32_t Np_FamilyOptionSet(const char *pszName, uint32_t ulValue)
+{
+    if (pszName == nullptr) {
+        return NP_ERR_NULL_PTR;
+    }
+    for (const uint8_t ucInit : g_aucNpInitFlag) {
+        if (ucInit != 0) {
+            return NP_ERR_FAIL;
+        }
+    }
+    for (uint32_t i = 0; i < NP_OPTION_NUM && ulValue <= 1; i++) {
+        if (Np_StrCmp(g_apszOption[i], pszName) != 0) {
+            continue;
+        }
+        g_aulNpFamilyOption[i] = ulValue;
+        for (uint32_t ulChipID = 0; ulChipID < NP_CHIP_NUM; ulChipID++) {
+            if (g_stNpChipAddr[ulChipID].ulRegistered != 0) {
+                Np_GLB_TarnBVariableInit(ulChipID);
+            }
+        }
+        return NP_OK;
+    }
+    return NP_ERR_PARAM;
+}
+
+uint32_t Np_AclStart(uint32_t ulChipID)
+{
+    return g_astAclVariant[g_aulNpFamilyOption[NP_OPTION_ACL]].pfnStart(ulChipID);
+}
 
 // Whatever a family's tables are to a chip is listed here, and nowhere else.
 void Np_GLB_TarnBVariableInit(uint32_t ulChipID)
 {
     g_stNpEmlConfig[ulChipID] = g_stNpEmlConfig_TarnB;
-    g_stNpLcamConfig[ulChipID] = g_stNpLcamConfig_TarnB;
+    const NpAclVariant &stAcl = g_astAclVariant[g_aulNpFamilyOption[NP_OPTION_ACL]];
+    g_stNpLcamConfig[ulChipID] = stAcl.pstLcam;
+    g_aulNpLcamTableNum[ulChipID] = stAcl.ulLcamNum;
     g_astNpMultiServiceLcamAddrBlockConfig[ulChipID] = g_astNpMultiServiceLcamAddrBlockConfig_TarnB;
     g_pstNpLcamAddrConfig[ulChipID] = g_pstNpLcamAddrConfig_TarnB;
     g_asttarnNpCntConfigDesc[ulChipID] = g_asttarnNpCntConfigDesc_TarnB;

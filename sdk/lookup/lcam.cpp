@@ -12,9 +12,9 @@ uint32_t Np_Low32(const void *pvAddress)
     return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(pvAddress));
 }
 
-uint32_t Np_TableCheck(uint32_t ulTableID, NpWhere stWhere = Np_Here())
+uint32_t Np_TableCheck(uint32_t ulChipID, uint32_t ulTableID, NpWhere stWhere = Np_Here())
 {
-    if (ulTableID >= NP_LCAM_TABLE_NUM) {
+    if (ulTableID >= g_aulNpLcamTableNum[ulChipID]) {
         NP_TRACE_AT(stWhere, NP_M_LCAM, NP_PRINT_ERROR, "param error! (ulTableID)=0x%08x\r\n",
                     ulTableID);
         return NP_ERR_PARAM;
@@ -226,7 +226,7 @@ uint32_t Np_Tarn_LCAM_Destruct(uint32_t ulChipID)
 uint32_t Np_Tarn_LCAM_AccessInfoBulid(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulOffset,
                                       NpLcamAccessInfo *pstLcamAccessInfo)
 {
-    const uint32_t ulReturn = Np_TableCheck(ulTableID);
+    const uint32_t ulReturn = Np_TableCheck(ulChipID, ulTableID);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -506,7 +506,7 @@ uint32_t Np_Tarn_LCAM_TcamDelete(uint32_t ulChipID, uint32_t ulTableID, uint32_t
 uint32_t Np_Tarn_LCAM_TcamDeleteAll(uint32_t ulChipID)
 {
     NP_TRACE(NP_M_LCAM, NP_PRINT_TRACE, "in ulChipID=0x%08x\r\n", ulChipID);
-    for (uint32_t ulTableID = 0; ulTableID < NP_LCAM_TABLE_NUM; ulTableID++) {
+    for (uint32_t ulTableID = 0; ulTableID < g_aulNpLcamTableNum[ulChipID]; ulTableID++) {
         const uint32_t ulEntryNum = g_stNpLcamConfig[ulChipID][ulTableID].ulEntryNum;
         for (uint32_t ulOffset = 0; ulOffset < ulEntryNum; ulOffset++) {
             if (ulOffset % NP_LCAM_WATCHDOG_STEP == 0) {
@@ -565,7 +565,7 @@ uint32_t Np_Tarn_LCAM_TcamEnableSet(uint32_t ulChipID, uint32_t ulTableID, uint3
 uint32_t Np_Tarn_LCAM_TcamMove(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulSrcOffsetID,
                                uint32_t ulDstOffsetID)
 {
-    const uint32_t ulReturn = Np_TableCheck(ulTableID);
+    const uint32_t ulReturn = Np_TableCheck(ulChipID, ulTableID);
     if (ulReturn != NP_OK) {
         return ulReturn;
     }
@@ -599,7 +599,7 @@ uint32_t Np_Tarn_LCAM_TcamMoveDown(uint32_t ulChipID, uint32_t ulTableID, uint32
 uint32_t Np_Tarn_LCAM_TcamBlockMoveUp(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulOffset,
                                       uint32_t ulBlockNum, uint32_t ulMoveStep)
 {
-    const uint32_t ulReturn = Np_TableCheck(ulTableID);
+    const uint32_t ulReturn = Np_TableCheck(ulChipID, ulTableID);
     if (ulReturn != NP_OK || ulBlockNum == 0) {
         return ulReturn;
     }
@@ -620,7 +620,7 @@ uint32_t Np_Tarn_LCAM_TcamBlockMoveUp(uint32_t ulChipID, uint32_t ulTableID, uin
 uint32_t Np_Tarn_LCAM_TcamBlockMoveDown(uint32_t ulChipID, uint32_t ulTableID, uint32_t ulOffset,
                                         uint32_t ulBlockNum, uint32_t ulMoveStep)
 {
-    const uint32_t ulReturn = Np_TableCheck(ulTableID);
+    const uint32_t ulReturn = Np_TableCheck(ulChipID, ulTableID);
     if (ulReturn != NP_OK || ulBlockNum == 0) {
         return ulReturn;
     }

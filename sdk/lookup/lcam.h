@@ -14,8 +14,9 @@
 
 #include <cstdint>
 
-// Logical tables. The numbers 9 and 10 are those of the two ACL rule tables; this family has no
-// rows for them, and a number at or beyond NP_LCAM_TABLE_NUM is refused everywhere.
+// Logical tables. The numbers 9 and 10 are those of the two ACL rule tables, which share their
+// rows; this family has none for them but with the option "acl". A number at or beyond
+// g_aulNpLcamTableNum is refused everywhere.
 enum NpLcamTable : uint32_t {
     NP_LCAM_IFT_KEY = 0,  // multi-service classification
     NP_LCAM_L2PA = 1,
@@ -96,7 +97,9 @@ extern "C" {
 extern const NpLcamConfig *g_stNpLcamConfig[NP_CHIP_NUM];
 extern const NpLcamAddrBlock *g_astNpMultiServiceLcamAddrBlockConfig[NP_CHIP_NUM];
 extern const NpLcamAddrConfig *g_pstNpLcamAddrConfig[NP_CHIP_NUM];
+extern uint32_t g_aulNpLcamTableNum[NP_CHIP_NUM];
 extern const NpLcamConfig g_stNpLcamConfig_TarnB[NP_LCAM_TABLE_NUM];
+extern const NpLcamConfig g_stNpLcamConfig_TarnBAcl[NP_LCAM_ADDR_NUM];
 extern const NpLcamAddrBlock g_astNpMultiServiceLcamAddrBlockConfig_TarnB[1];
 extern const NpLcamAddrConfig g_pstNpLcamAddrConfig_TarnB[NP_LCAM_ADDR_NUM];
 
@@ -111,8 +114,8 @@ extern const NpLcamCommand g_pastNpLcamAdWrite[NP_LCAM_TYPE_NUM];
 
 // ---- tables -------------------------------------------------------------------------------------
 //
-// ulTableID: NpLcamTable, below NP_LCAM_TABLE_NUM. ulOffset: below the table's ulEntryNum. Both are
-// refused with NP_ERR_PARAM otherwise, the table first.
+// ulTableID: NpLcamTable, below g_aulNpLcamTableNum. ulOffset: below the table's ulEntryNum. Both
+// are refused with NP_ERR_PARAM otherwise, the table first.
 
 // Selects the shared layout of CAM identifiers. NP_ERR_CAM_ID_MODE when the driver refuses.
 uint32_t Np_Tarn_LCAM_Init(uint32_t ulChipID);

@@ -2,22 +2,31 @@
 #include "sdk/lookup/lcam.h"
 
 constinit const NpLcamConfig *g_stNpLcamConfig[NP_CHIP_NUM] = {};
+constinit uint32_t g_aulNpLcamTableNum[NP_CHIP_NUM] = {};
 constinit const NpLcamAddrBlock *g_astNpMultiServiceLcamAddrBlockConfig[NP_CHIP_NUM] = {};
 constinit const NpLcamAddrConfig *g_pstNpLcamAddrConfig[NP_CHIP_NUM] = {};
 
 // clang-format off
 // ulType, ulBlock, ulTcam, ulDepth, ulDepthNum, ulCid, ulEntryNum
+#define NP_LCAM_ROWS \
+    {0, 2, 4, 0x00, 0x100, 3, 0x400},  /* IFT_KEY */ \
+    {1, 0, 4, 0x78, 0x080, 1, 0x080},  /* L2PA */ \
+    {1, 2, 2, 0x00, 0x040, 2, 0x040},  /* L3PA */ \
+    {1, 0, 6, 0x78, 0x080, 5, 0x080},  /* IPV6FILTER */ \
+    {1, 2, 0, 0x00, 0x020, 8, 0x020},  /* FLEE_BUCKET */ \
+    {0, 2, 2, 0x40, 0x020, 4, 0x020},  /* TPID */ \
+    {1, 0, 0, 0x00, 0x000, 0, 0x000},  /* no table */ \
+    {2, 0, 0, 0x00, 0x000, 0, 0x000},  /* LM data flee bucket */ \
+    {0, 0, 0, 0x78, 0x080, 9, 0x200},  /* GMT */
 constinit const NpLcamConfig g_stNpLcamConfig_TarnB[NP_LCAM_TABLE_NUM] = {
-    {0, 2, 4, 0x00, 0x100, 3, 0x400},  // IFT_KEY
-    {1, 0, 4, 0x78, 0x080, 1, 0x080},  // L2PA
-    {1, 2, 2, 0x00, 0x040, 2, 0x040},  // L3PA
-    {1, 0, 6, 0x78, 0x080, 5, 0x080},  // IPV6FILTER
-    {1, 2, 0, 0x00, 0x020, 8, 0x020},  // FLEE_BUCKET
-    {0, 2, 2, 0x40, 0x020, 4, 0x020},  // TPID
-    {1, 0, 0, 0x00, 0x000, 0, 0x000},  // no table
-    {2, 0, 0, 0x00, 0x000, 0, 0x000},  // LM data flee bucket
-    {0, 0, 0, 0x78, 0x080, 9, 0x200},  // GMT
+    NP_LCAM_ROWS
 };
+constinit const NpLcamConfig g_stNpLcamConfig_TarnBAcl[NP_LCAM_ADDR_NUM] = {
+    NP_LCAM_ROWS
+    {3, 1, 0, 0x00, 0x0a0, 6, 0x0a0},  // ACL_RULE1
+    {3, 1, 0, 0x00, 0x0a0, 6, 0x0a0},  // ACL_RULE2
+};
+#undef NP_LCAM_ROWS
 // clang-format on
 
 constinit const NpLcamAddrBlock g_astNpMultiServiceLcamAddrBlockConfig_TarnB[1] = {

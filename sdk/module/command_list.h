@@ -7,12 +7,15 @@
 //   NP_ROW_COMMAND(handler, form, key, data, get, set)
 //       the same, and the handler is made from this line: it reads with get and, if its form is not
 //       NP_FORM_GET, sets. For a part of a row, and for tables that this family has not.
+//   NP_NEW_COMMAND(handler, form, key, data, get, set)
+//       the same, where the key may have nothing yet: set begins with zeros then
 //   NP_CHOICE_ROW(handler, form, key, rows)
 //       the key's one value chooses the row: null for values that have none
 #include "sdk/cpuchan/message.h"
 #include "sdk/cpuchan/packet.h"
 #include "sdk/module/smd_arl.h"
 #include "sdk/module/smd_rows.h"
+#include "sdk/tables/acl.h"
 #include "sdk/tables/arl.h"
 #include "sdk/tables/gmt.h"
 #include "sdk/tables/ipbonding.h"
@@ -28,6 +31,10 @@
 #endif
 #ifndef NP_ROW_COMMAND
 #define NP_ROW_COMMAND(Handler, enForm, pstKey, pstData, pfnGet, pfnSet)
+#endif
+#ifndef NP_NEW_COMMAND
+#define NP_NEW_COMMAND(Handler, enForm, pstKey, pstData, pfnGet, pfnSet) \
+    NP_ROW_COMMAND(Handler, enForm, pstKey, pstData, pfnGet, pfnSet)
 #endif
 #ifndef NP_CHOICE_ROW
 #define NP_CHOICE_ROW(Handler, enForm, pstKey, apstData)
@@ -84,6 +91,12 @@ NP_ROW_COMMAND(Np_SMD_L2_CmClassTbl_Set, NP_FORM_LARGE, &g_stCmKeyArgs, &g_stCmC
 NP_ROW_COMMAND(Np_SMD_L2_CmClassTbl_Get, NP_FORM_GET, &g_stCmKeyArgs, &g_stCmClassArgs, Np_CmClassTbl_Get, Np_CmClassTbl_Set)
 NP_ROW_COMMAND(Np_SMD_L2_CmLmtTbl_Set, NP_FORM_SET, &g_stCmKeyArgs, &g_stCmLmtArgs, Np_CmLmtTbl_Get, Np_CmLmtTbl_Set)
 NP_ROW_COMMAND(Np_SMD_L2_CmLmtTbl_Get, NP_FORM_GET, &g_stCmKeyArgs, &g_stCmLmtArgs, Np_CmLmtTbl_Get, Np_CmLmtTbl_Set)
+NP_NEW_COMMAND(Np_SMD_ACL_TblSet, NP_FORM_LARGE, &g_stAclKeyArgs, &g_stAclRuleRow, Np_AclRuleOnly_Get, Np_AclRuleOnly_Set)
+NP_ROW_COMMAND(Np_SMD_ACL_TblGet, NP_FORM_GET, &g_stAclKeyArgs, &g_stAclRuleRow, Np_AclRuleOnly_Get, Np_AclRuleOnly_Set)
+NP_ROW_COMMAND(Np_SMD_ACL_ActionTblSet, NP_FORM_LARGE, &g_stAclKeyArgs, &g_stAclActionRow, Np_AclActionTbl_Get, Np_AclActionTbl_Set)
+NP_ROW_COMMAND(Np_SMD_ACL_ActionTblGet, NP_FORM_GET, &g_stAclKeyArgs, &g_stAclActionRow, Np_AclActionTbl_Get, Np_AclActionTbl_Set)
+NP_COMMAND_ROW(NP_SMD_ACL_Init, NP_FORM_COUNTED, nullptr, &g_stAclInitArgs)
+NP_COMMAND_ROW(Np_SMD_ACL_SoftTblDump, NP_FORM_PAIRS, nullptr, &g_stAclDumpArgs)
 NP_COMMAND_ROW(NP_SMD_Pri_Init, NP_FORM_COUNTED, nullptr, &g_stPriInitArgs)
 NP_COMMAND_ROW(NP_SMD_L2_Init, NP_FORM_COUNTED, nullptr, &g_stPriInitArgs)
 NP_COMMAND_ROW(NP_SMD_L2_SoftTbl_Dump, NP_FORM_PAIRS, nullptr, &g_stL2DumpArgs)
@@ -141,4 +154,5 @@ NP_COMMAND_ROW(Np_PUB_SMD_PrintFuncSwitchOff, NP_FORM_PAIRS, nullptr, nullptr)
 
 #undef NP_COMMAND_ROW
 #undef NP_ROW_COMMAND
+#undef NP_NEW_COMMAND
 #undef NP_CHOICE_ROW

@@ -10,6 +10,7 @@
 #include "sdk/module/smd_row.h"
 #include "sdk/module/smd_rows.h"
 #include "sdk/module/tree.h"
+#include "sdk/tables/acl.h"
 #include "sdk/tables/multiservice.h"
 #include "sdk/tables/pa.h"
 
@@ -29,12 +30,12 @@ constexpr NpPriKind g_stL2paKind = {&g_stL2paTable, 1, nullptr};
 constexpr NpPriKind g_stL3paKind = {&g_stL3paTable, 2, "key_type"};
 
 // Reads the number of priorities, then a share for each.
-uint32_t Np_BlockScan(NpPriBlock *pstBlock)
+uint32_t Np_BlockScan(NpPriBlock *pstBlock, const char *pszNum = "prinum")
 {
     constexpr uint32_t ulMost = sizeof(pstBlock->ulPriPercent) / sizeof(uint32_t);
     char acWord[NP_SMD_WORD_SIZE];
-    if (Np_SMD_Com_StringParamGet("prinum", "prinum", acWord) != 0 ||
-        Np_SMD_Com_ValueParamGet("prinum", 0, ulMost, &pstBlock->ulMaxPriNum) != 0) {
+    if (Np_SMD_Com_StringParamGet(pszNum, pszNum, acWord) != 0 ||
+        Np_SMD_Com_ValueParamGet(pszNum, 0, ulMost, &pstBlock->ulMaxPriNum) != 0) {
         return 1;
     }
     for (uint32_t i = 0; i < pstBlock->ulMaxPriNum; i++) {
@@ -47,16 +48,21 @@ uint32_t Np_BlockScan(NpPriBlock *pstBlock)
     return Np_SMD_EndCheck();
 }
 
-void Np_BlocksPrint(const NpPriTable *pstTable)
+void Np_PointsPrint(const NpPriBlockPoint *pastPoint, uint32_t ulStart, uint32_t ulEnd)
 {
-    const uint32_t ulChipID = g_ulNpCurrentChipID;
     Os_Print("\n\r  pri  percent    toppoint    botpoint ");
-    for (uint32_t i = 0; i <= pstTable->pulPriMax[ulChipID]; i++) {
-        const NpPriBlockPoint &stPoint = pstTable->ppstPriPoint[ulChipID][i];
+    for (uint32_t i = ulStart; i <= ulEnd; i++) {
+        const NpPriBlockPoint &stPoint = pastPoint[i];
         // Signed, as a full last block ends below offset 0.
         Os_Print("\n\r  %-3u  %-7u    %-8d    %-8d ", i, stPoint.ulPercent,
                  static_cast<int>(stPoint.ulTopPoint), static_cast<int>(stPoint.ulBotPoint));
     }
+}
+
+void Np_BlocksPrint(const NpPriTable *pstTable)
+{
+    const uint32_t ulChipID = g_ulNpCurrentChipID;
+    Np_PointsPrint(pstTable->ppstPriPoint[ulChipID], 0, pstTable->pulPriMax[ulChipID]);
 }
 
 uint32_t Np_BlocksAssign(const NpPriKind &stKind, const NpPriBlock *pstBlock)
@@ -251,4 +257,64 @@ uint32_t NP_SMD_PaInit(void)
     }
     Os_Free(pstBlock);
     return Np_SMD_Report(ulReturn != NP_OK ? ulReturn : Np_Tarn_DFX_PA_INIT(g_ulNpCurrentChipID));
+}
+
+// ---- access rules -------------------------------------------------------------------------------
+
+uint32_t NP_SMD_ACL_Init(void)
+{
+    NpPriBlock *pstBlock = static_cast<NpPriBlock *>(Os_Alloc(sizeof(NpPriBlock)));
+    if (pstBlock == nullptr) {
+        return Np_SMD_Report(NP_ERR_NO_MEMORY);
+    }
+    uint32_t ulReturn = Np_BlockScan(pstBlock, "rule_prinum");
+    if (ulReturn == 0) {
+        ulReturn = Np_INIT_PriBlockAssign(g_ulNpCurrentChipID, 3, pstBlock);
+        if (ulReturn == NP_OK) {
+            Np_PointsPrint(g_pastAclPriPoint[g_ulNpCurrentChipID], 0,
+                           g_pastAclPri[g_ulNpCurrentChipID]->ulMaxPri);
+        }
+        ulReturn = Np_SMD_Report(ulReturn);
+    }
+    Os_Free(pstBlock);
+    return ulReturn;
+}
+
+uint32_t Np_SMD_ACL_SoftTblDump(void)
+{
+    NpPriDumpArgs stArgs = {};
+    if (Np_SMD_RowScan(&g_stAclDumpArgs, &stArgs, true) != 0 || Np_SMD_EndCheck() != 0) {
+        return 1;
+    }
+    const uint32_t ulChipID = g_ulNpCurrentChipID;
+    const uint32_t ulReturn = Np_GLB_ChipIDIsValid(ulChipID);
+    if (ulReturn != NP_OK || g_pastAclPriPoint[ulChipID] == nullptr) {
+        return Np_SMD_Report(ulReturn != NP_OK ? ulReturn : NP_ERR_NULL_PTR);
+    }
+    const uint32_t ulRules = Np_GLB_CapGet(NP_CAP_ACL_RULE_NUM);
+    if (stArgs.ulSoftbl == 0) {
+        Os_Print("\n\r  key    entry  pri  mode");
+        for (uint32_t i = stArgs.ulStart; i <= stArgs.ulEnd && i < ulRules; i++) {
+            const NpAclRuleInfo &stInfo = g_pastAclRule2TcamInfo[ulChipID][i];
+            if (stInfo.ulEntryID != NP_PRICAM_NONE) {
+                Os_Print("\n\r  %-5u  %-5u  %-3u  %u", i, stInfo.ulEntryID, stInfo.ulPri,
+                         stInfo.ulMode);
+            }
+        }
+    }
+    else if (stArgs.ulSoftbl == 1) {
+        Os_Print("\n\r  entry  key    valid");
+        for (uint32_t i = stArgs.ulStart; i <= stArgs.ulEnd && i < ulRules; i++) {
+            const NpAclTcamInfo &stRow = g_pastAclTcam2RuleInfo[ulChipID][i];
+            if (stRow.ulValid != 0) {
+                Os_Print("\n\r  %-5u  %-5u  %u", i, stRow.ulRuleID, stRow.ulValid);
+            }
+        }
+    }
+    else {
+        const uint32_t ulMaxPri = g_pastAclPri[ulChipID]->ulMaxPri;
+        Np_PointsPrint(g_pastAclPriPoint[ulChipID], stArgs.ulStart,
+                       stArgs.ulEnd < ulMaxPri ? stArgs.ulEnd : ulMaxPri);
+    }
+    return Np_SMD_Report(NP_OK);
 }

@@ -484,6 +484,14 @@ void Np_ParamCondition(const NpRow *pstRow, const NpField *pstField, NpSmdParam 
                                                     .pstData = pstDataRow,              \
                                                     .pfnGet = Np_GetCall<pfnRowGet>,    \
                                                     .pfnSet = Np_SetCall<pfnRowSet>};
+#define NP_NEW_COMMAND(Handler, enTheForm, pstKeyRow, pstDataRow, pfnRowGet, pfnRowSet) \
+    constexpr NpRowCommand g_stCommand_##Handler = {.pfnHandler = Handler,              \
+                                                    .enForm = enTheForm,                \
+                                                    .pstKey = pstKeyRow,                \
+                                                    .pstData = pstDataRow,              \
+                                                    .pfnGet = Np_GetCall<pfnRowGet>,    \
+                                                    .pfnSet = Np_SetCall<pfnRowSet>,    \
+                                                    .bNew = true};
 #define NP_CHOICE_ROW(Handler, enForm, pstKey, apstData) \
     NP_COMMAND_ROW(Handler, enForm, pstKey, nullptr)
 #include "sdk/module/command_list.h"
@@ -580,6 +588,20 @@ uint32_t Np_ChoiceParam(const NpRowCommand *pstCommand, uint32_t ulIndex, NpSmdP
     return 1;
 }
 
+// Another variant of a union is there in a field's place.
+bool Np_PlaceIsTaken(const NpRow *pstRow, const NpField *pstField, const void *pvRecord)
+{
+    for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
+        const NpField &stOther = pstRow->pstField[i];
+        if (&stOther != pstField && stOther.usOffset <= pstField->usOffset &&
+            pstField->usOffset < stOther.usOffset + stOther.usCount * stOther.ucSize &&
+            stOther.pszName != pstField->pszName && Np_Row_IsThere(stOther.pstWhen, pvRecord)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 uint32_t Np_SMD_RowScan(const NpRow *pstRow, void *pvRecord, bool bAll)
@@ -665,8 +687,10 @@ void Np_SMD_RowPrint(const NpRow *pstRow, const void *pvRecord)
 {
     for (uint32_t i = 0; i < pstRow->usFieldNum; i++) {
         const NpField *pstField = &pstRow->pstField[i];
-        // A word that no row holds is somebody else's where its condition does not let it in.
-        const bool bForeign = pstField->bLost && !Np_Row_IsThere(pstField->pstWhen, pvRecord);
+        // What no row holds, or stands in a union, is somebody else's where its condition does not
+        // let it in.
+        const bool bForeign = !Np_Row_IsThere(pstField->pstWhen, pvRecord) &&
+                              (pstField->bLost || Np_PlaceIsTaken(pstRow, pstField, pvRecord));
         if (!Np_FieldIsAsked(pstField, pvRecord) || pstField->bFar || bForeign) {
             continue;
         }
@@ -838,9 +862,9 @@ uint32_t Np_SMD_CommandParam(NpCliHandler pfnHandler, uint32_t ulIndex, NpSmdPar
 #define NP_EXACT_ROW(stTable, pfnAdd, pfnGet, pfnDel, pfnGetByIndex, pfnDelByIndex, pfnAddHandler, \
                      pfnGetHandler, pfnDelHandler, pfnGetByIndexHandler, pfnDelByIndexHandler)     \
     NP_SMD_HANDLER(pfnAddHandler, Np_SMD_Exact)                                                    \
-    NP_SMD_HANDLER(pfnGetHandler, Np_SMD_Exact) NP_SMD_HANDLER(pfnDelHandler, Np_SMD_Exact)        \
-        NP_SMD_HANDLER(pfnGetByIndexHandler, Np_SMD_Exact)                                         \
-            NP_SMD_HANDLER(pfnDelByIndexHandler, Np_SMD_Exact)
+    NP_SMD_HANDLER(pfnGetHandler, Np_SMD_Exact)                                                    \
+    NP_SMD_HANDLER(pfnDelHandler, Np_SMD_Exact) NP_SMD_HANDLER(pfnGetByIndexHandler, Np_SMD_Exact) \
+        NP_SMD_HANDLER(pfnDelByIndexHandler, Np_SMD_Exact)
 #include "sdk/tables/list.h"
 #define NP_ROW_COMMAND(Handler, enForm, pstKey, pstData, pfnGet, pfnSet)        \
     uint32_t Handler(void)                                                      \

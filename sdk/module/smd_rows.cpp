@@ -160,6 +160,8 @@ struct R {
 };
 constexpr NpField g_astField[] = {NP_F(ulPriNum, .pszKey = "prinum"),
                                   NP_F(ulPercent, .pszKey = "percent")};
+constexpr NpField g_astAclField[] = {NP_F(ulPriNum, .pszKey = "rule_prinum"),
+                                     NP_F(ulPercent, .pszKey = "percent")};
 constexpr NpCheck g_astCheck[] = {NP_C(ulPriNum, Np_Range(1, 256)), NP_C(ulPercent, Np_Most(100))};
 }  // namespace pri_init
 
@@ -180,6 +182,12 @@ constexpr NpField g_astPaField[] = {
     NP_F(ulSoftbl, .pszKey = "softbl", .stWords = std::span(g_astWords).first(2)),
     NP_F(ulStart, .pszKey = "startkeyid", .pstWhen = g_pstKeys),
     NP_F(ulEnd, .pszKey = "endkeyid", .pstWhen = g_pstKeys),
+};
+constexpr auto g_astAclWords = Np_Words("key+entry+pri+mode", "entry+key+valid", "pri+top+bot");
+constexpr NpField g_astAclField[] = {
+    NP_F(ulSoftbl, .pszKey = "softbl", .stWords = g_astAclWords),
+    NP_F(ulStart, .pszKey = "startID"),
+    NP_F(ulEnd, .pszKey = "endID"),
 };
 template <NpCapSlot enRows>
 constexpr NpCheck g_astCheck[] = {
@@ -226,6 +234,10 @@ constexpr NpRow g_stCmLmtArgs =
     Np_RowMake<cm::Limit>({.ucModule = NP_M_L2}, cm::limit::g_astField, {});
 constexpr NpRow g_stPriInitArgs =
     Np_RowMake<pri_init::R>({.ucModule = NP_M_L2}, pri_init::g_astField, pri_init::g_astCheck);
+constexpr NpRow g_stAclInitArgs =
+    Np_RowMake<pri_init::R>({.ucModule = NP_M_ACL}, pri_init::g_astAclField, pri_init::g_astCheck);
+constexpr NpRow g_stAclDumpArgs =
+    Np_RowMake<NpPriDumpArgs>({.ucModule = NP_M_ACL}, pri_dump::g_astAclField, {});
 constexpr NpRow g_stL2DumpArgs = Np_RowMake<NpPriDumpArgs>(
     {.ucModule = NP_M_L2}, pri_dump::g_astL2Field, pri_dump::g_astCheck<NP_CAP_FLOW_NUM>);
 constexpr NpRow g_stL2paDumpArgs = Np_RowMake<NpPriDumpArgs>(

@@ -34,6 +34,7 @@ extern const NpRow g_stCmLmtArgs;
 
 // The blocks of a priority CAM table; the share is read once for each priority.
 extern const NpRow g_stPriInitArgs;
+extern const NpRow g_stAclInitArgs;
 // What of its soft tables is shown. The key numbers are those from start to end.
 struct NpPriDumpArgs {
     uint32_t ulSoftbl;
@@ -45,4 +46,5 @@ inline constexpr uint32_t NP_DUMP_BLOCKS = 1;
 extern const NpRow g_stL2DumpArgs;
 extern const NpRow g_stL2paDumpArgs;
 extern const NpRow g_stL3paDumpArgs;
+extern const NpRow g_stAclDumpArgs;
 extern const NpRow g_stPaStateArgs;

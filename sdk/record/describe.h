@@ -303,6 +303,7 @@ constexpr NpTwin Np_TwinMake(NpTwinRule enRule, NpField stValue, NpField stMask,
     stMask.bWhole = stValue.bWhole;
     stMask.bCut = true;
     stMask.pstWhen = stValue.pstWhen;
+    stMask.bFree = stValue.bFree;
     if (enRule == NP_TWIN_SWITCH && stValue.ucWidth != 0) {
         stMask.bSwitch = true;
         stValue.pstWhen = pstMasked;

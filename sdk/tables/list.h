@@ -18,6 +18,7 @@
 //       and what takes an entry out
 //   NP_LOOSE_ROW(row)
 //       a row on its own: a key or the data of a searched table
+#include "sdk/tables/acl.h"
 #include "sdk/tables/arl.h"
 #include "sdk/tables/glb.h"
 #include "sdk/tables/gmt.h"
@@ -122,6 +123,7 @@ NP_EXACT_ROW(g_stArlTable, Np_ArlTbl_Add, Np_ArlTbl_Get, Np_ArlTbl_Del, Np_ArlTb
 NP_EXACT_ROW(g_stLanMacTable, Np_LanMacTbl_Add, Np_LanMacTbl_Get, Np_LanMacTbl_Del, Np_LanMacTbl_GetByIndex, Np_LanMacTbl_DelByIndex, Np_SMD_ARL_LanMacTbl_Add, Np_SMD_ARL_LanMacTbl_Get, Np_SMD_ARL_LanMacTbl_Del, Np_SMD_ARL_LanMacTbl_GetByIndex, Np_SMD_ARL_LanMacTbl_DelByIndex)
 NP_EXACT_ROW(g_st1xSmacTable, Np_1xSmac_Set, Np_1xSmac_Get, Np_1xSmac_Del, Np_1xSmac_GetByIndex, Np_Tarn_1xSmacBondingTbl_DelByIndex, Np_SMD_1xSmac_Set, Np_SMD_1xSmac_Get, Np_SMD_1xSmac_Del, Np_SMD_1xSmac_GetByIndex, Np_SMD_1xSmac_DelByIndex)
 
+NP_ENTRY_DEL(&g_stAclKeyArgs, Np_AclTbl_Del, Np_SMD_ACL_TblDel)
 NP_ENTRY_ROW(&g_stMacFilterKeyRow, &g_stMacFilterDataRow, Np_MacFilterEntry_Get, Np_MacFilterEntry_Set, Np_SMD_MacFilterTbl_Get, Np_SMD_MacFilterTbl_Set)
 NP_ENTRY_ROW(&g_stHaSmacKey, &g_stHaSmacRow, Np_SmacFilterTbl_Get, Np_SmacFilterTbl_Set, Np_SMD_SmacFilterTbl_Get, Np_SMD_SmacFilterTbl_Set)
 NP_ENTRY_DEL(&g_stHaSmacKey, Np_SmacFilterTbl_Del, Np_SMD_SmacFilterTbl_Del)
@@ -160,6 +162,8 @@ NP_LOOSE_ROW(g_stArlKeyRow)
 NP_LOOSE_ROW(g_stArlDataRow)
 NP_LOOSE_ROW(g_stLanMacKeyRow)
 NP_LOOSE_ROW(g_stLanMacDataRow)
+NP_LOOSE_ROW(g_stAclRuleRow)
+NP_LOOSE_ROW(g_stAclActionRow)
 NP_LOOSE_ROW(g_st1xSmacKeyRow)
 NP_LOOSE_ROW(g_st1xSmacDataRow)
 NP_LOOSE_ROW(g_st1xSmacWideRow)

@@ -186,8 +186,18 @@ constexpr char kRule[] =
 constexpr char kL2pa[] = "micro l2pa set index 1 key_ethtype 2048 mask_ethtype 65535 end";
 constexpr char kL3pa[] = "micro l3pa set index 1 key_encap 8 mask_encap 15 end";
 
+// Commands of access rules, whose rows come with an option of the family.
+constexpr NpCliHandler kAcl[] = {
+    Np_SMD_ACL_TblSet,       Np_SMD_ACL_TblGet,       Np_SMD_ACL_TblDel,      NP_SMD_ACL_Init,
+    Np_SMD_ACL_ActionTblSet, Np_SMD_ACL_ActionTblGet, Np_SMD_ACL_SoftTblDump,
+};
+
 const Need *need_of(NpCliHandler handler)
 {
+    static const Need acl = {{}, {}, nullptr, "it takes `--option acl`"};
+    if (std::find(std::begin(kAcl), std::end(kAcl), handler) != std::end(kAcl)) {
+        return &acl;
+    }
     static const Need absent = {{}, {}, nullptr, "this family has no such table"};
     if (std::find(std::begin(kAbsent), std::end(kAbsent), handler) != std::end(kAbsent)) {
         return &absent;

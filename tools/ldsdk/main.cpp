@@ -1,4 +1,5 @@
 // ldsdk: the debug tool.
+#include "ldsdk/host.h"
 #include "tools/ldsdk/backend.h"
 #include "tools/ldsdk/error.h"
 #include "tools/ldsdk/options.h"
@@ -16,6 +17,11 @@ namespace {
 
 void run(const Options &options, ConsoleOutput &output)
 {
+    for (const std::string &name : options.family) {
+        if (ldsdk_family_option(name.c_str(), 1) != LDSDK_HOST_OK) {
+            throw usage("--option " + name + ": expected acl");
+        }
+    }
     if (options.mode == Mode::serve) {
         serve(options.socket);
         return;

@@ -77,6 +77,11 @@ std::optional<Options> read_options(int argc, char **argv)
     app.add_flag("-i,--interactive", options.interactive, "go on with a prompt behind the script");
     app.add_flag("-e,--echo", options.echo,
                  "show each script line on standard error before it runs");
+    app.add_option("-o,--option", options.family,
+                   "an option of the chip family, for the chip in this process: acl")
+        ->type_name("NAME")
+        ->take_all()
+        ->allow_extra_args(false);
     CLI::App *serve =
         app.add_subcommand("serve", "serve the module and the chip model at a socket");
     serve
@@ -103,6 +108,9 @@ std::optional<Options> read_options(int argc, char **argv)
     }
     if (app.count("--device") != 0 && options.device.empty()) {
         throw misused("--device: expected /dev/ldsdk or unix:PATH");
+    }
+    if (!options.family.empty() && !options.device.empty()) {
+        throw misused("--option: expected no --device beside it, as its chip is up already");
     }
     set_mode(options, serve->parsed(), script->count() != 0);
     return options;

@@ -13,6 +13,7 @@ enum class Mode { prompt, script, one_shot, serve };
 struct Options {
     Mode mode = Mode::prompt;
     std::string device;        // empty: the module and the model in this process
+    Words family;              // options of the chip family, for the chip in this process
     std::string script;        // "-" is standard input
     bool interactive = false;  // a prompt behind the script
     bool echo = false;         // show each line of a script before it runs
