@@ -3,6 +3,9 @@
 #include "bench/bench.h"
 
 #include "chipmodel/model.h"
+#include "ldsdk/init.h"
+#include "ldsdk/l2.h"
+#include "ldsdk/pa.h"
 #include "ldsdk/status.h"
 #include "platform/driver.h"
 #include "sdk/lookup/eml.h"
@@ -528,5 +531,144 @@ void pri_insert(benchmark::State &state)
 BENCHMARK(pri_insert);
 const AddTarget moves_target({Kind::kCounterAtMost, "pri_insert", "most", kPriorities,
                               "most moves of an insert at 95 percent, 8 priorities"});
+
+// ---- rules through the interface ----------------------------------------------------------------
+
+// A priority table as its callers see it: a rule that differs from all others by its key number.
+struct RuleApi {
+    const char *name;
+    uint32_t type;  // of its priority blocks
+    uint32_t rows;
+    uint32_t priorities;
+    uint32_t (*set)(uint32_t key, uint32_t priority);
+    uint32_t (*del)(uint32_t chip, uint32_t key);
+};
+
+uint32_t l2pa_set(uint32_t key, uint32_t priority)
+{
+    NpL2pa rule = {};
+    rule.stKey.ulEthType = key;
+    rule.stKeyMask.ulEthType = 0xffff;
+    rule.ulPri = priority;
+    return Np_L2paTbl_Set(0, key, &rule);
+}
+
+uint32_t service_set(uint32_t key, uint32_t priority)
+{
+    NpMultiService rule = {};
+    rule.ulSrcIntfSelType = 1;
+    rule.ulOuterVlanIDMask = 1;
+    rule.ulOuterVlanID = key;
+    rule.ulMutiServicePri = priority;
+    return Np_MultiServiceTbl_Set(0, key, &rule);
+}
+
+constexpr RuleApi kRuleApis[] = {
+    {"l2pa", 1, 127, 10, l2pa_set, Np_L2paTbl_Del},  // its last row is the default
+    {"multi_service", 0, 1024, 8, service_set, Np_MultiServiceTbl_Del},
+};
+
+double g_rule_frames[std::size(kRuleApis)][100];  // of an insert with the delete before it
+
+// A rule leaves, and one of a random priority takes its place, in a table that is so full.
+void rule_insert(benchmark::State &state)
+{
+    lookup_up(state);
+    const RuleApi &api = kRuleApis[state.range(0)];
+    const uint32_t percent = static_cast<uint32_t>(state.range(1));
+    NpPriBlock request = {api.priorities, {10, 10, 10, 10, 10, 10, 10, 30}};
+    if (api.priorities == 10) {
+        request = {10, {10, 10, 10, 10, 10, 10, 10, 10, 10, 10}};
+    }
+    std::mt19937 random(7);
+    const uint32_t rules = api.rows * percent / 100;
+    uint32_t failed = Np_INIT_PriBlockAssign(0, api.type, &request);
+    for (uint32_t key = 0; key < rules; key++) {
+        failed |= api.set(key, static_cast<uint32_t>(random()) % api.priorities);
+    }
+    const auto replace = [&] {
+        const uint32_t key = static_cast<uint32_t>(random()) % rules;
+        const uint32_t priority = static_cast<uint32_t>(random()) % api.priorities;
+        failed |= api.del(0, key);
+        failed |= api.set(key, priority);
+    };
+    constexpr int kCounted = 500;
+    double frames = 0;
+    double most = 0;
+    for (int round = 0; round < kCounted; round++) {
+        const uint32_t key = static_cast<uint32_t>(random()) % rules;
+        const uint32_t priority = static_cast<uint32_t>(random()) % api.priorities;
+        frames += frames_of([&] { failed |= api.del(0, key); }) / kCounted;
+        // By turns all frames, and those that take a valid bit down: each rule that is written does
+        // so once, the new one too.
+        const bool all = round % 2 == 0;
+        const double counted =
+            frames_of([&] { failed |= api.set(key, priority); },
+                      all ? model::RbaOp::kUnknown : model::RbaOp::kTcamValidClear);
+        frames += all ? 2 * counted / kCounted : 0;
+        most = std::max(most, all ? 0 : counted - 1);
+    }
+    g_rule_frames[state.range(0)][percent] = frames;
+    for (auto _ : state) {
+        replace();
+    }
+    state.counters["frames"] = frames;
+    state.counters["most"] = most;
+    state.counters["rate"] =
+        benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+    for (uint32_t key = 0; key < rules; key++) {
+        failed |= api.del(0, key);
+    }
+    if (failed != 0) {
+        state.SkipWithError("a rule fails");
+    }
+}
+
+// As many frames of the four that write an entry, made and sent one after the other.
+void rule_frames_by_hand(benchmark::State &state)
+{
+    lookup_up(state);
+    const double frames = g_rule_frames[state.range(0)][state.range(1)];
+    const std::array<uint8_t, 10> payload = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
+    double sent = 0;
+    double wanted = 0;
+    for (auto _ : state) {
+        for (wanted += frames; sent < wanted; sent++) {
+            constexpr struct {
+                int op, code;
+                size_t bytes;
+            } kFrames[] = {{4, 0, 8}, {5, 0, 0}, {3, 1, 10}, {2, 1, 10}};
+            const auto &frame = kFrames[static_cast<size_t>(sent) % std::size(kFrames)];
+            const NpRbaReqCmd request =
+                cam_frame(0x90, frame.op, frame.code, payload.data(), frame.bytes);
+            NpRbaRspCmd response = {};
+            if (Qd_RBA_CommandSend(0, &request, &response) != 0) {
+                state.SkipWithError("a frame fails");
+            }
+        }
+    }
+    state.counters["frames"] = frames;
+}
+
+const bool g_rule_benches = [] {
+    static std::vector<AddTarget> targets;
+    for (size_t api = 0; api < std::size(kRuleApis); api++) {
+        for (const int64_t percent : {50, 90, 99}) {
+            const auto at = static_cast<int64_t>(api);
+            benchmark::RegisterBenchmark("rule_insert", rule_insert)->Args({at, percent});
+            benchmark::RegisterBenchmark("rule_frames", rule_frames_by_hand)->Args({at, percent});
+            const std::string row = "/" + std::to_string(at) + "/" + std::to_string(percent);
+            const std::string where = std::string(kRuleApis[api].name) + " rule replaced, " +
+                                      std::to_string(percent) + " percent full";
+            targets.emplace_back(ldsdk::bench::Target{Kind::kRatioAtMost, "rule_insert" + row,
+                                                      "rule_frames" + row, 1.5,
+                                                      where + " / as many frames by hand"});
+            targets.emplace_back(ldsdk::bench::Target{
+                Kind::kCounterAtMost, "rule_insert" + row, "most",
+                static_cast<double>(kRuleApis[api].priorities), where + ", most moves"});
+        }
+    }
+    return true;
+}();
 
 }  // namespace

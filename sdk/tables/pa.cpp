@@ -5,7 +5,7 @@
 #include "sdk/frame/base/service.h"
 #include "sdk/frame/base/trace.h"
 #include "sdk/lookup/lcam.h"
-#include "sdk/record/describe.h"
+#include "sdk/record/straight.h"
 
 constinit NpPriCamKeyInfo *g_pastL2paKeyID2EntryPri[NP_CHIP_NUM] = {};
 constinit uint32_t *g_pastL2paEntry2KeyID[NP_CHIP_NUM] = {};
@@ -158,9 +158,12 @@ constexpr NpCheck g_astTagCheck[] = {NP_C(stKey.ulTagInfo, Np_Below(4))};
 constexpr auto g_astCheck =
     Np_JoinFields(g_astKeyCheck, Np_Inside<ad::g_astInfoCheck, offsetof(R, stAD)>(), g_astTagCheck,
                   Np_Inside<ad::g_astCheck, offsetof(R, stAD)>());
-constexpr NpRow g_stRow = Np_RowMake<R>(
-    {.ucModule = NP_M_PA, .pszArg = "pstL2pa", .usImageSize = NP_RULE_SIZE, .bBare = true},
-    g_astField, g_astCheck);
+constexpr NpRow g_stRow = Np_RowMake<R>({.ucModule = NP_M_PA,
+                                         .pszArg = "pstL2pa",
+                                         .usImageSize = NP_RULE_SIZE,
+                                         .pstStraight = NP_STRAIGHT(g_astField, g_astCheck),
+                                         .bBare = true},
+                                        g_astField, g_astCheck);
 }  // namespace l2_row
 
 // ---- L3 analysis --------------------------------------------------------------------------------
