@@ -15,6 +15,7 @@ build: deps
 # Provisions the example access node on the model and shows it; on a terminal a prompt follows.
 run: build
 	@if [ -t 0 ] && [ -t 1 ]; then interactive=--interactive; fi; \
+	    build/bin/ldsdk --echo --script examples/scripts/subscriber.ldsdk && \
 	    build/bin/ldsdk --echo --script examples/scripts/access-node.ldsdk $$interactive
 
 test: build arm replay

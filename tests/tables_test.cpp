@@ -55,6 +55,22 @@ TEST_F(Rows, RowsLieAtTheirAddresses)
                 Not(HasSubstr("success")));
 }
 
+// Counts that this family has not, and the messages of indices that are none.
+TEST_F(Rows, ClocksCountNothing)
+{
+    NpClockCnt count = {};
+    const NpRow &row = *g_stPtpStTable.pstRow;
+    EXPECT_EQ(failures(
+                  row, [&] { return Np_tarn_PtpStTbl_Get(0, 2048, &count); }, NP_ERR_PARAM),
+              Words{"param error! (ulIndex)=0x00000800\r\n"});
+    EXPECT_EQ(Np_tarn_PtpStTbl_Get(0, 2047, &count), NP_ERR_PARAM);
+    EXPECT_EQ(Np_tarn_SsmStTbl_Set(0, 0, &count), NP_ERR_PARAM);
+    NpClockAlarm alarm = {};
+    EXPECT_EQ(Np_tarn_AnnTimeOutAlmTbl_Get(0, 0, &alarm), NP_ERR_PARAM);
+    EXPECT_EQ(Np_tarn_AnnChangeAlmTbl_Set(0, 0, &alarm), NP_ERR_PARAM);
+    EXPECT_EQ(Np_tarn_AnnChangeAlmTbl_Get(0, 0, nullptr), NP_ERR_NULL_PTR);
+}
+
 // Every feature is off after bring-up, and the registers of all units are written row by row.
 TEST_F(Rows, GlobalSettingsReachEachUnit)
 {

@@ -302,6 +302,13 @@ TEST(ToolScript, TheExamplesRun)
     // What the rows hold in the end: ports 0 to 3, snooping; the two leaves of a list.
     EXPECT_THAT(finished.out, HasSubstr("0x60210320: 0000000f 40000000\n"));
     EXPECT_THAT(finished.out, HasSubstr("0x60202028: 800b0003 ffff0004\n"));
+
+    // Television's packets are the internet's once its rule has gone.
+    const Finished services =
+        tool({"--script", LDSDK_SOURCE_DIR "/examples/scripts/subscriber.ldsdk"});
+    EXPECT_EQ(services.status, 0) << services.err;
+    EXPECT_THAT(services.out, HasSubstr("rule    2, priority 1\n"));
+    EXPECT_THAT(services.out, testing::EndsWith("rule    3, priority 0\n  data    0c 00 00 00\n"));
 }
 
 TEST(ToolScript, EndsQuietlyWhenNobodyReads)

@@ -104,6 +104,20 @@ constexpr NpRow g_stRow = Np_RowMake<R>(
     {.ucModule = NP_M_STAT, .pszArg = "pst3ahCnt", .usImageSize = 16}, g_astField, {});
 }  // namespace loop_row
 
+namespace clock_row {
+using R = NpClockCnt;
+constexpr NpField g_astField[] = {NP_F(ulCnt, .stAt = {0, 31, 0})};
+constexpr NpRow g_stRow =
+    Np_RowMake<R>({.ucModule = NP_M_STAT, .pszArg = "pstCnt", .usImageSize = 4}, g_astField, {});
+}  // namespace clock_row
+
+namespace alarm_row {
+using R = NpClockAlarm;
+constexpr NpField g_astField[] = {NP_F(aulAlarm, .stAt = {0, 31, 0}, .sStep = 32)};
+constexpr NpRow g_stRow =
+    Np_RowMake<R>({.ucModule = NP_M_STAT, .pszArg = "pstAlarm", .usImageSize = 8}, g_astField, {});
+}  // namespace alarm_row
+
 // 28 bits of packets and 36 of bytes.
 namespace queue_row {
 using R = NpGlbQueueStat;
@@ -184,6 +198,13 @@ constexpr NpTable g_stPortToCpuTypeStatTable =
 constexpr NpTable g_st3ahStatTable =
     Np_TableMake(g_stKey<"ul3ahCnId", Np_MostCap(NP_CAP_STAT_INDEX_A_MAX)>, loop_row::g_stRow, 42);
 
+constexpr NpTable g_stPtpStTable = Np_Counters<"ulIndex", Np_Below(2048)>(clock_row::g_stRow, 20);
+constexpr NpTable g_stSsmStTable = Np_Counters<"ulIndex", Np_Below(64)>(clock_row::g_stRow, 23);
+constexpr NpTable g_stAnnTimeOutAlmTable =
+    Np_Counters<"ulIndex", Np_Below(1)>(alarm_row::g_stRow, 21);
+constexpr NpTable g_stAnnChangeAlmTable =
+    Np_Counters<"ulIndex", Np_Below(1)>(alarm_row::g_stRow, 22);
+
 constexpr NpRow g_stQueueStatKeyRow = g_stKey<"ulIndex", Np_MostCap(NP_CAP_STAT_PORT_PTYPE_MAX)>;
 constexpr NpRow g_stQueueStatRow = Np_RowMake<NpGlbQueueStat>(
     {.ucModule = NP_M_STAT, .pszArg = "pstNpGlbQueueStat", .usImageSize = 8}, queue_row::g_astField,
@@ -227,6 +248,15 @@ NP_TABLE_GET(Np_Tarn_Stat_PortToCpuTypeStatTbl_Get, NpPortToCpuPtypeCnt, g_stPor
 NP_TABLE_SET(Np_Tarn_Stat_PortToCpuTypeStatTbl_Set, NpPortToCpuPtypeCnt, g_stPortToCpuTypeStatTable)
 NP_TABLE_GET(Np_Tarn_Stat_3ahStatTbl_Get, Np3ahCnt, g_st3ahStatTable)
 NP_TABLE_SET(Np_Tarn_Stat_3ahStatTbl_Set, Np3ahCnt, g_st3ahStatTable)
+
+NP_TABLE_GET(Np_tarn_PtpStTbl_Get, NpClockCnt, g_stPtpStTable)
+NP_TABLE_SET(Np_tarn_PtpStTbl_Set, NpClockCnt, g_stPtpStTable)
+NP_TABLE_GET(Np_tarn_SsmStTbl_Get, NpClockCnt, g_stSsmStTable)
+NP_TABLE_SET(Np_tarn_SsmStTbl_Set, NpClockCnt, g_stSsmStTable)
+NP_TABLE_GET(Np_tarn_AnnTimeOutAlmTbl_Get, NpClockAlarm, g_stAnnTimeOutAlmTable)
+NP_TABLE_SET(Np_tarn_AnnTimeOutAlmTbl_Set, NpClockAlarm, g_stAnnTimeOutAlmTable)
+NP_TABLE_GET(Np_tarn_AnnChangeAlmTbl_Get, NpClockAlarm, g_stAnnChangeAlmTable)
+NP_TABLE_SET(Np_tarn_AnnChangeAlmTbl_Set, NpClockAlarm, g_stAnnChangeAlmTable)
 
 uint32_t Np_Tarn_Stat_Init(uint32_t ulChipID)
 {
