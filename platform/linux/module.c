@@ -13,29 +13,29 @@ MODULE_PARM_DESC(option, "options of the chip family, with commas between them: 
 /* Each name up to a comma or the end. */
 static int options_set(const char *list)
 {
-	char name[16];
+    char name[16];
 
-	while (*list != '\0') {
-		size_t length = strcspn(list, ",");
+    while (*list != '\0') {
+        size_t length = strcspn(list, ",");
 
-		if (length >= sizeof(name))
-			return -EINVAL;
-		memcpy(name, list, length);
-		name[length] = '\0';
-		if (Np_FamilyOptionSet(name, 1) != 0) {
-			pr_err("ldsdk: no such option: %s\n", name);
-			return -EINVAL;
-		}
-		list += length + (list[length] == ',');
-	}
-	return 0;
+        if (length >= sizeof(name))
+            return -EINVAL;
+        memcpy(name, list, length);
+        name[length] = '\0';
+        if (Np_FamilyOptionSet(name, 1) != 0) {
+            pr_err("ldsdk: no such option: %s\n", name);
+            return -EINVAL;
+        }
+        list += length + (list[length] == ',');
+    }
+    return 0;
 }
 
 static int __init ldsdk_init(void)
 {
-	int result = options_set(option);
+    int result = options_set(option);
 
-	return result != 0 ? result : Np_ModuleInit();
+    return result != 0 ? result : Np_ModuleInit();
 }
 
 static void __exit ldsdk_exit(void)

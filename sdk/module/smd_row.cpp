@@ -863,7 +863,8 @@ uint32_t Np_SMD_CommandParam(NpCliHandler pfnHandler, uint32_t ulIndex, NpSmdPar
                      pfnGetHandler, pfnDelHandler, pfnGetByIndexHandler, pfnDelByIndexHandler)     \
     NP_SMD_HANDLER(pfnAddHandler, Np_SMD_Exact)                                                    \
     NP_SMD_HANDLER(pfnGetHandler, Np_SMD_Exact)                                                    \
-    NP_SMD_HANDLER(pfnDelHandler, Np_SMD_Exact) NP_SMD_HANDLER(pfnGetByIndexHandler, Np_SMD_Exact) \
+    NP_SMD_HANDLER(pfnDelHandler, Np_SMD_Exact)                                                    \
+    NP_SMD_HANDLER(pfnGetByIndexHandler, Np_SMD_Exact)                                             \
         NP_SMD_HANDLER(pfnDelByIndexHandler, Np_SMD_Exact)
 #include "sdk/tables/list.h"
 #define NP_ROW_COMMAND(Handler, enForm, pstKey, pstData, pfnGet, pfnSet)        \

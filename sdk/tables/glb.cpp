@@ -80,11 +80,9 @@ constexpr NpCheck g_astCheck[] = {
     NP_C(ulMacLimitFwd, Np_Below(2)),
     NP_C(ulMirrorCtrl, Np_Flag(NP_SAY_VALID)),
 };
-constexpr NpRow g_stRow = Np_RowMake<R>({.ucModule = NP_M_GLB,
-                                         .pszArg = "pstGlobal",
-                                         .usImageSize = 44,
-                                         .bParseClears = true},
-                                        g_astField, g_astCheck);
+constexpr NpRow g_stRow = Np_RowMake<R>(
+    {.ucModule = NP_M_GLB, .pszArg = "pstGlobal", .usImageSize = 44, .bParseClears = true},
+    g_astField, g_astCheck);
 constexpr NpRegisterAt g_astAt[] = {
     {0x7a101a40, 0}, {0x7a111a40, 0}, {0x7a121a40, 0}, {0x7a131a40, 0},
     {0x7a101a44, 1}, {0x7a111a44, 1}, {0x7a121a44, 1}, {0x7a131a44, 1},
@@ -156,8 +154,7 @@ uint32_t Np_PadDecode(uint32_t, uint32_t ulStored, void *pvField)
 
 constexpr NpCoding g_stCoding = {Np_PadEncode, Np_PadDecode, "", "", false};
 constexpr NpField g_astField[] = {NP_F(ulPadLen, .stAt = {0, 7, 0}, .pstCoding = &g_stCoding)};
-constexpr NpCheck g_astCheck[] = {
-    NP_C(ulPadLen, Np_FromCap(NP_CAP_XD_PAD_MIN, NP_CAP_XD_PAD_MAX))};
+constexpr NpCheck g_astCheck[] = {NP_C(ulPadLen, Np_FromCap(NP_CAP_XD_PAD_MIN, NP_CAP_XD_PAD_MAX))};
 constexpr NpRow g_stRow =
     Np_RowMake<R>({.ucModule = NP_M_GLB, .usImageSize = 4}, g_astField, g_astCheck);
 }  // namespace pad_row
@@ -168,12 +165,11 @@ constexpr NpTable g_stGlobalTable =
     Np_TableOf(NpIndexKey<NP_M_GLB, NP_CAP_GLOBAL_ROWS>::g_stRow, global_row::g_stRow, {},
                Np_RegPart(1), Np_RegPart(76, global_row::NP_PORTS),
                Np_RegisterPart(&global_row::g_stUnits, global_row::NP_UNITS));
-constexpr NpTable g_stDyingGaspTable =
-    Np_TableOf(NpIndexKey<NP_M_GLB, NP_CAP_DYING_GASP_ROWS>::g_stRow, gasp_row::g_stRow,
-               {.pfnHandIn = gasp_row::Np_TypeHandIn, .pfnKeep = gasp_row::Np_TypeKeep},
-               Np_RegPart(52));
-constexpr NpTable g_stDyingGaspSmacTable = Np_TableMake(
-    NpIndexKey<NP_M_GLB, NP_CAP_DYING_GASP_SMAC_ROWS>::g_stRow, smac_row::g_stRow, 53);
+constexpr NpTable g_stDyingGaspTable = Np_TableOf(
+    NpIndexKey<NP_M_GLB, NP_CAP_DYING_GASP_ROWS>::g_stRow, gasp_row::g_stRow,
+    {.pfnHandIn = gasp_row::Np_TypeHandIn, .pfnKeep = gasp_row::Np_TypeKeep}, Np_RegPart(52));
+constexpr NpTable g_stDyingGaspSmacTable =
+    Np_TableMake(NpIndexKey<NP_M_GLB, NP_CAP_DYING_GASP_SMAC_ROWS>::g_stRow, smac_row::g_stRow, 53);
 constexpr NpTable g_stXdTxEthPadTable =
     Np_TableMake(NpNoKey<NP_M_GLB>::g_stRow, pad_row::g_stRow, 58);
 

@@ -43,7 +43,8 @@
 #define NP_PRI_ROW(stTable, pfnGet, pfnSet, pfnDel, pfnGetHandler, pfnSetHandler, pfnDelHandler)
 #endif
 #ifndef NP_EXACT_ROW
-#define NP_EXACT_ROW(stTable, pfnAdd, pfnGet, pfnDel, pfnGetByIndex, pfnDelByIndex, pfnAddHandler, pfnGetHandler, pfnDelHandler, pfnGetByIndexHandler, pfnDelByIndexHandler)
+#define NP_EXACT_ROW(stTable, pfnAdd, pfnGet, pfnDel, pfnGetByIndex, pfnDelByIndex, pfnAddHandler, \
+                     pfnGetHandler, pfnDelHandler, pfnGetByIndexHandler, pfnDelByIndexHandler)
 #endif
 #ifndef NP_ENTRY_ROW
 #define NP_ENTRY_ROW(pstKey, pstData, pfnGet, pfnSet, pfnGetHandler, pfnSetHandler)

@@ -177,7 +177,6 @@ uint32_t CLI_CamInstallCmdExt(const NpCliCmdEntry *pstCmd, uint32_t)
     return 0;
 }
 
-
 char *CLI_CamPeekString(uint32_t ulMin, uint32_t ulMax)
 {
     if (!Np_CliWordLeft()) {
